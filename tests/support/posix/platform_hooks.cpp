@@ -1,0 +1,5 @@
+#include "posix/testhooks.h"
+
+namespace hmitest {
+void InstallPlatformAllocationHook(bool (*shouldFail)()) { HMITestSetAllocationFailureHook(shouldFail); }
+}
