@@ -1,0 +1,35 @@
+// hmitool subcommands register themselves; main dispatches on the first argument.
+#ifndef HMITOOL_COMMAND_H
+#define HMITOOL_COMMAND_H
+
+#include <string>
+#include <vector>
+
+namespace hmitool {
+
+// Exit codes: 0 success, 1 the data was read but is rejected or inconsistent, 2 it could not be
+// read at all (no such printer, unloadable database or document), 64 wrong usage.
+enum ExitCode { kOk = 0, kRejected = 1, kUnreadable = 2, kUsage = 64 };
+
+struct Options {
+    bool json = false;
+};
+
+struct Command {
+    const char* name;
+    const char* usage;    // arguments after the name, e.g. "PRINTER MEDIA_ID [LANG]"
+    const char* summary;  // one line
+    int (*run)(const std::vector<std::string>& args, const Options& options);
+};
+
+// Adds a command at static-initialisation time; see HMITOOL_COMMAND.
+bool RegisterCommand(const Command& command);
+
+}  // namespace hmitool
+
+#define HMITOOL_COMMAND_CAT2(a, b) a##b
+#define HMITOOL_COMMAND_CAT(a, b) HMITOOL_COMMAND_CAT2(a, b)
+#define HMITOOL_COMMAND(...) \
+    static const bool HMITOOL_COMMAND_CAT(registered_, __LINE__) = ::hmitool::RegisterCommand({__VA_ARGS__})
+
+#endif

@@ -1,0 +1,61 @@
+// hmitool: inspect and validate the media databases of printers.
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "command.h"
+
+namespace hmitool {
+namespace {
+
+std::vector<Command>& Commands() {
+    static std::vector<Command> commands;
+    return commands;
+}
+
+void PrintUsage(FILE* out) {
+    std::fprintf(out, "usage: hmitool [--json] COMMAND ARGS...\n\ncommands:\n");
+    for (const Command& c : Commands()) std::fprintf(out, "  %s %s\n      %s\n", c.name, c.usage, c.summary);
+}
+
+}  // namespace
+
+bool RegisterCommand(const Command& command) {
+    Commands().push_back(command);
+    std::sort(Commands().begin(), Commands().end(),
+              [](const Command& a, const Command& b) { return std::strcmp(a.name, b.name) < 0; });
+    return true;
+}
+
+}  // namespace hmitool
+
+int main(int argc, char** argv) {
+    using namespace hmitool;
+    Options options;
+    std::vector<std::string> args;
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--json") == 0) {
+            options.json = true;
+        } else if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
+            PrintUsage(stdout);
+            return kOk;
+        } else {
+            args.emplace_back(argv[i]);
+        }
+    }
+    if (args.empty()) {
+        PrintUsage(stderr);
+        return kUsage;
+    }
+    for (const Command& c : Commands()) {
+        if (args[0] == c.name) {
+            args.erase(args.begin());
+            return c.run(args, options);
+        }
+    }
+    std::fprintf(stderr, "hmitool: unknown command '%s'\n", args[0].c_str());
+    PrintUsage(stderr);
+    return kUsage;
+}

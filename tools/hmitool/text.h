@@ -1,0 +1,20 @@
+// Conversions between the tool's UTF-8 command line and output and the library's UTF-16.
+#ifndef HMITOOL_TEXT_H
+#define HMITOOL_TEXT_H
+
+#include <string>
+
+#include "platform/platform.h"
+
+namespace hmitool {
+
+using WString = std::basic_string<WCHAR>;
+
+WString Widen(const std::string& utf8);
+// Reads at most maxUnits units (a fixed field may lack its terminator).
+std::string Narrow(const WCHAR* utf16, size_t maxUnits = static_cast<size_t>(-1));
+std::string JsonQuote(const std::string& utf8);
+
+}  // namespace hmitool
+
+#endif
