@@ -10,7 +10,7 @@ WString Widen(const std::string& utf8) {
         unsigned char c = static_cast<unsigned char>(utf8[i]);
         size_t extra = c >= 0xF0 ? 3 : c >= 0xE0 ? 2 : c >= 0xC0 ? 1 : 0;
         char32_t cp = extra == 0 ? c : extra == 1 ? (c & 0x1F) : extra == 2 ? (c & 0x0F) : (c & 0x07);
-        if (i + extra >= utf8.size() + (extra ? 0 : 1)) extra = utf8.size() - i - 1;
+        if (i + extra >= utf8.size()) extra = utf8.size() - 1 - i;  // truncated sequence
         for (size_t k = 1; k <= extra; ++k) cp = (cp << 6) | (static_cast<unsigned char>(utf8[i + k]) & 0x3F);
         i += extra + 1;
         if (cp >= 0x10000) {
