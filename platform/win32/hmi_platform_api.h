@@ -6,7 +6,7 @@
 #include <winspool.h>
 #include <objbase.h>
 #include <oleauto.h>
-#include <msxml6.h>
+#include <msxml2.h>
 #include <stdarg.h>
 #include <stdio.h>
 #include <stdlib.h>

@@ -20,6 +20,9 @@ WCHAR* HMIStrDup(const WCHAR* s) noexcept;
 // null, the result would be empty, or allocation or formatting fails. %s takes a wide string.
 int HMIFormatString(WCHAR** out, const WCHAR* format, ...) noexcept;
 
+// Formats into a fixed buffer of capacity units; false when the result (with terminator) does not fit.
+bool HMIFormatFixed(WCHAR* buffer, size_t capacity, const WCHAR* format, ...) noexcept;
+
 // Copies src with its terminator into dst of capacity units when a terminator lies within the first
 // capacity units of src; otherwise dst reads as the empty string and the copy fails. A null src fails.
 bool HMIBoundedCopy(WCHAR* dst, size_t capacity, const WCHAR* src) noexcept;

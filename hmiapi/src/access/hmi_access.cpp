@@ -1,0 +1,40 @@
+#include "access/hmi_access.h"
+
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "printerdata/printer_data_read.h"
+
+HMIAccess::~HMIAccess() { delete popHeader; }
+
+bool HMIAccess::Initialize() {
+    std::unique_ptr<HMIPopHeader> database(new (std::nothrow) HMIPopHeader());
+    if (!database) return false;
+    if (printerHandle && !database->Load(printerHandle)) return false;
+    popHeader = database.release();
+    return true;
+}
+
+bool HMIAccess::GetCommonInfo(_tagHMICommonInfo* out) const {
+    if (!popHeader || !out || !popHeader->CommonInfo()) return false;
+    std::memcpy(out, popHeader->CommonInfo(), sizeof *out);
+    return true;
+}
+
+bool HMIAccess::GetAvailableMedia(_tagHMIAvailableMedia* buffer, size_t bufferBytes, size_t* requiredBytes) const {
+    const _tagHMIAvailableMedia* media = popHeader ? popHeader->AvailableMedia() : nullptr;
+    if (!media) return false;
+    const uint64_t required = HMI_AVAILABLE_MEDIA_BYTES(media->count);
+    if (!buffer || bufferBytes < required) {
+        if (requiredBytes) *requiredBytes = required;
+        return false;
+    }
+    std::memcpy(buffer, media, required);
+    buffer->ids = reinterpret_cast<WCHAR(*)[65]>(reinterpret_cast<std::byte*>(buffer) + sizeof *buffer);
+    return true;
+}
+
+bool HMIAccess::GetMediaInfoHeader(const WCHAR* mediaId, _tagHMIMediaInfoHeader* out) const {
+    return popHeader && popHeader->GetMediaInfoHeader(mediaId, out);
+}

@@ -1,0 +1,25 @@
+#include "printerdata/media_name.h"
+
+#include "common/hmi_string.h"
+#include "printerdata/printer_data_read.h"
+
+bool ReadMediaName(HANDLE printer, const HMIPopHeader& database, const WCHAR* mediaId, const WCHAR* language,
+                   WCHAR* buffer, size_t bufferChars, size_t* requiredChars) {
+    if (!printer || !mediaId || !language || !requiredChars) return false;
+    const _tagHMIMediaInfoHeader* header = database.HeaderMap().Find(mediaId);
+    if (!header) return false;
+    *requiredChars = 0;
+
+    WCHAR nameKey[260];
+    if (!HMIFormatFixed(nameKey, 260, HMI_W("%s\\%08X\\HMN"), HMI_MEDIA_KEY, header->media_number)) return false;
+
+    DWORD type = 0;
+    DWORD needed = 0;
+    // The spooler takes a 32-bit byte count; a null buffer is always a size probe.
+    const DWORD bytes = buffer ? static_cast<DWORD>(bufferChars * 2) : 0;
+    const DWORD result =
+        GetPrinterDataExW(printer, nameKey, language, &type, reinterpret_cast<LPBYTE>(buffer), bytes, &needed);
+    if (result == ERROR_SUCCESS) return true;
+    if (result == ERROR_MORE_DATA) *requiredChars = needed / 2 + 1;
+    return false;
+}

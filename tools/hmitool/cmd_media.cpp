@@ -1,0 +1,81 @@
+// hmitool media PRINTER: the common information and every medium's header.
+#include <cstdio>
+#include <string>
+
+#include "command.h"
+#include "database.h"
+
+namespace hmitool {
+namespace {
+
+std::string Hex8(DWORD number) {
+    char text[9];
+    std::snprintf(text, sizeof text, "%08X", number);
+    return text;
+}
+
+void PrintText(const _tagHMICommonInfo& info, const std::vector<WString>& ids, const Database& db) {
+    std::printf("format version  %g\n", static_cast<double>(info.db_format_ver));
+    std::printf("product id      %s\n", Narrow(info.product_id, 9).c_str());
+    std::printf("database time   %s\n", Narrow(info.pop_db_time, 21).c_str());
+    std::printf("media           %zu\n\n", ids.size());
+    std::printf("%-4s %-32s %-8s %-5s %-7s %s\n", "#", "id", "number", "valid", "visible", "checksum");
+    size_t index = 0;
+    for (const WString& id : ids) {
+        _tagHMIMediaInfoHeader header;
+        ++index;
+        if (!HMIGetMediaInfoHeader(db.access(), id.c_str(), &header)) {
+            std::printf("%-4zu %-32s (no header)\n", index, Narrow(id.c_str()).c_str());
+            continue;
+        }
+        std::printf("%-4zu %-32s %-8s %-5u %-7d %s\n", index, Narrow(header.id, 65).c_str(),
+                    Hex8(header.media_number).c_str(), header.valid, header.visible,
+                    Narrow(header.checksum, 33).c_str());
+    }
+}
+
+void PrintJson(const _tagHMICommonInfo& info, const std::vector<WString>& ids, const Database& db) {
+    std::printf("{\"db_format_ver\": %g, \"product_id\": %s, \"pop_db_time\": %s, \"media\": [",
+                static_cast<double>(info.db_format_ver), JsonQuote(Narrow(info.product_id, 9)).c_str(),
+                JsonQuote(Narrow(info.pop_db_time, 21)).c_str());
+    const char* separator = "";
+    for (const WString& id : ids) {
+        _tagHMIMediaInfoHeader header;
+        std::printf("%s\n  {\"id\": %s", separator, JsonQuote(Narrow(id.c_str())).c_str());
+        if (HMIGetMediaInfoHeader(db.access(), id.c_str(), &header)) {
+            std::printf(", \"media_number\": \"%s\", \"valid\": %u, \"visible\": %d, \"checksum\": %s",
+                        Hex8(header.media_number).c_str(), header.valid, header.visible,
+                        JsonQuote(Narrow(header.checksum, 33)).c_str());
+        }
+        std::printf("}");
+        separator = ",";
+    }
+    std::printf("\n]}\n");
+}
+
+int RunMedia(const std::vector<std::string>& args, const Options& options) {
+    if (args.size() != 1) {
+        std::fprintf(stderr, "usage: hmitool media PRINTER\n");
+        return kUsage;
+    }
+    Database db;
+    if (!db.Open(args[0])) return kUnreadable;
+    _tagHMICommonInfo info;
+    if (!HMIGetCommonInfo(db.access(), &info)) {
+        std::fprintf(stderr, "hmitool: no common information in '%s'\n", args[0].c_str());
+        return kUnreadable;
+    }
+    const std::vector<WString> ids = db.MediaIds();
+    if (options.json) {
+        PrintJson(info, ids, db);
+    } else {
+        PrintText(info, ids, db);
+    }
+    return kOk;
+}
+
+}  // namespace
+
+HMITOOL_COMMAND("media", "PRINTER", "the database's common information and every medium's header", RunMedia);
+
+}  // namespace hmitool
