@@ -1,6 +1,5 @@
 #include "printerdata/media_name.h"
 
-#include "common/hmi_string.h"
 #include "printerdata/printer_data_read.h"
 
 bool ReadMediaName(HANDLE printer, const HMIPopHeader& database, const WCHAR* mediaId, const WCHAR* language,
@@ -10,8 +9,8 @@ bool ReadMediaName(HANDLE printer, const HMIPopHeader& database, const WCHAR* me
     if (!header) return false;
     *requiredChars = 0;
 
-    WCHAR nameKey[260];
-    if (!HMIFormatFixed(nameKey, 260, HMI_W("%s\\%08X\\HMN"), HMI_MEDIA_KEY, header->media_number)) return false;
+    WCHAR nameKey[HMI_KEY_NAME_CAPACITY];
+    if (!FormatMediumKey(nameKey, header->media_number, HMI_W("HMN"))) return false;
 
     DWORD type = 0;
     DWORD needed = 0;

@@ -2,7 +2,13 @@
 
 #include <new>
 
+#include "common/hmi_string.h"
+
 const WCHAR* const HMI_MEDIA_KEY = HMI_W("PrinterDriverData\\Media");
+
+bool FormatMediumKey(WCHAR (&key)[HMI_KEY_NAME_CAPACITY], DWORD mediaNumber, const WCHAR* leaf) {
+    return HMIFormatFixed(key, HMI_KEY_NAME_CAPACITY, HMI_W("%s\\%08X\\%s"), HMI_MEDIA_KEY, mediaNumber, leaf);
+}
 
 bool ReadPrinterDataFixed(HANDLE printer, const WCHAR* key, const WCHAR* valueName, void* buffer, DWORD size) {
     DWORD type = 0;

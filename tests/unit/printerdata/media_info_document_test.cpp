@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "common/hmi_string.h"
 #include "printerdata/media_info_document.h"
 #include "support/fault_injection.h"
 #include "support/media_database.h"
