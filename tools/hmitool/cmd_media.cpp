@@ -10,7 +10,7 @@ namespace {
 
 std::string Hex8(DWORD number) {
     char text[9];
-    std::snprintf(text, sizeof text, "%08X", number);
+    std::snprintf(text, sizeof text, "%08X", static_cast<unsigned>(number));
     return text;
 }
 
@@ -29,7 +29,7 @@ void PrintText(const _tagHMICommonInfo& info, const std::vector<WString>& ids, c
             continue;
         }
         std::printf("%-4zu %-32s %-8s %-5u %-7d %s\n", index, Narrow(header.id, 65).c_str(),
-                    Hex8(header.media_number).c_str(), header.valid, header.visible,
+                    Hex8(header.media_number).c_str(), static_cast<unsigned>(header.valid), header.visible,
                     Narrow(header.checksum, 33).c_str());
     }
 }
@@ -44,7 +44,7 @@ void PrintJson(const _tagHMICommonInfo& info, const std::vector<WString>& ids, c
         std::printf("%s\n  {\"id\": %s", separator, JsonQuote(Narrow(id.c_str())).c_str());
         if (HMIGetMediaInfoHeader(db.access(), id.c_str(), &header)) {
             std::printf(", \"media_number\": \"%s\", \"valid\": %u, \"visible\": %d, \"checksum\": %s",
-                        Hex8(header.media_number).c_str(), header.valid, header.visible,
+                        Hex8(header.media_number).c_str(), static_cast<unsigned>(header.valid), header.visible,
                         JsonQuote(Narrow(header.checksum, 33)).c_str());
         }
         std::printf("}");

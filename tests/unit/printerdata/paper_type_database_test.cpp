@@ -154,6 +154,9 @@ TEST_F(PaperTypeDatabase, FixedSizeValues) {
     EXPECT_EQ(std::memcmp(info.product_id, product.data(), 18), 0);
     EXPECT_FLOAT_EQ(info.db_format_ver, 1.25f);
     EXPECT_EQ(Ids(), std::vector<WString>{WString()});
+    _tagHMIMediaInfoHeader header;
+    ASSERT_TRUE(HMIGetMediaInfoHeader(access, HMI_W(""), &header));
+    EXPECT_EQ(std::memcmp(header.id, WString(65, 0).data(), sizeof header.id), 0);
 }
 
 struct BrokenValue {
