@@ -1,0 +1,88 @@
+// HMIXMLNode: an element or attribute copied out of the DOM with its attributes, text and child
+// elements. A child registry decides which elements become typed nodes.
+#ifndef HMI_MEDIA_XML_NODE_H
+#define HMI_MEDIA_XML_NODE_H
+
+#include <cstdint>
+#include <map>
+#include <vector>
+
+#include "common/hmi_map.h"
+#include "common/hmi_string.h"
+#include "platform/platform.h"
+
+class HMIXMLNode;
+
+struct HMIXMLChildEntry {
+    const WCHAR* name;
+    uint64_t signature;  // HMIStrSignature(name)
+    HMIXMLNode* (*create)(HMIXMLNode* parent);  // null when the node cannot be allocated
+};
+
+struct HMIXMLChildRegistry {
+    uint64_t count;
+    const HMIXMLChildEntry* entries;
+};
+
+// From the least significant: the first unit, the unit at n / 2, the last unit, n (16 bits); 0 for a
+// null or empty string.
+uint64_t HMIStrSignature(const WCHAR* s) noexcept;
+
+// The first entry whose name equals name (case-sensitive), or null.
+const HMIXMLChildEntry* HMIFindChildEntry(const HMIXMLChildRegistry* registry, const WCHAR* name) noexcept;
+
+// Elements deeper than this below the root are refused, so that Parse cannot exhaust the stack.
+constexpr int HMI_MAX_TREE_DEPTH = 256;
+
+class HMIXMLNode {
+public:
+    // Keys are the indexed nodes' own name strings.
+    using Index = std::multimap<const WCHAR*, HMIXMLNode*, HMIStrLess>;
+
+    explicit HMIXMLNode(HMIXMLNode* parent) noexcept : parent(parent) {}
+    HMIXMLNode(const HMIXMLNode&) = delete;
+    HMIXMLNode& operator=(const HMIXMLNode&) = delete;
+    virtual ~HMIXMLNode();
+
+    // Builds this fresh node from node and its subtree; false on any DOM failure, allocation failure,
+    // excessive depth or a false OnParsed anywhere below. The registry may be null.
+    virtual bool Parse(IXMLDOMNode* node, const HMIXMLChildRegistry* registry) noexcept;
+
+    virtual void OnAddChild(HMIXMLNode* child);
+    virtual void OnAddAttribute(HMIXMLNode* attribute);
+    // Runs once the whole subtree exists; its result becomes the result of Parse.
+    virtual bool OnParsed();
+
+    // The first direct attribute or child of that name in document order, or null.
+    HMIXMLNode* FindAttribute(const WCHAR* name) const noexcept;
+    HMIXMLNode* FindChild(const WCHAR* name) const noexcept;
+
+    HMIXMLNode* Parent() const { return parent; }
+    const WCHAR* Name() const { return name.get(); }
+    const WCHAR* NamespaceURI() const { return namespaceURI.get(); }
+    const WCHAR* Text() const { return text.get(); }
+    const std::vector<HMIXMLNode*>& Attributes() const { return attributes; }
+    const std::vector<HMIXMLNode*>& Children() const { return children; }
+    const Index& AttributeIndex() const { return attributeIndex; }
+    const Index& ChildIndex() const { return childIndex; }
+
+private:
+    bool ParseNames(IXMLDOMNode* node) noexcept;
+    bool ParseAt(IXMLDOMNode* node, const HMIXMLChildRegistry* registry, int depth) noexcept;
+    bool ParseAttributeNode(IXMLDOMNode* node) noexcept;
+    bool ParseAttributes(IXMLDOMNode* node) noexcept;
+    bool ParseChildren(IXMLDOMNode* node, const HMIXMLChildRegistry* registry, int depth) noexcept;
+    bool ParseChildElement(IXMLDOMNode* item, const HMIXMLChildRegistry* registry, int depth) noexcept;
+    bool ReplaceText(IXMLDOMNode* item) noexcept;
+
+    HMIXMLNode* parent;
+    HMIHeapString name;
+    HMIHeapString namespaceURI;
+    HMIHeapString text;
+    std::vector<HMIXMLNode*> attributes;
+    std::vector<HMIXMLNode*> children;
+    Index attributeIndex;
+    Index childIndex;
+};
+
+#endif

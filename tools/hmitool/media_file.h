@@ -1,0 +1,35 @@
+// A media-information file built into its medium's option tree by the library's own parser, with
+// the reason of a rejection that the exports never give.
+#ifndef HMITOOL_MEDIA_FILE_H
+#define HMITOOL_MEDIA_FILE_H
+
+#include <memory>
+#include <string>
+
+#include "media/media_detail.h"
+
+namespace hmitool {
+
+class MediumFile {
+public:
+    enum class Outcome { kBuilt, kRejected, kUnreadable };
+
+    // Loads path inside a COM bracket and builds the tree of its first medium.
+    Outcome Load(const std::string& path);
+
+    static std::string UnreadableMessage(const std::string& path);
+
+    const HMIXMLMediaDetail* detail() const { return detail_.get(); }
+    // Set after kRejected: the element, as a path from "medium", and what is wrong with it.
+    const std::string& rejectedElement() const { return rejectedElement_; }
+    const std::string& rejectionReason() const { return rejectionReason_; }
+
+private:
+    std::unique_ptr<HMIXMLMediaDetail> detail_;
+    std::string rejectedElement_;
+    std::string rejectionReason_;
+};
+
+}  // namespace hmitool
+
+#endif

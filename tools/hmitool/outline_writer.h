@@ -1,0 +1,38 @@
+// A tree of nodes with named fields, written as an indented outline or as JSON.
+#ifndef HMITOOL_OUTLINE_WRITER_H
+#define HMITOOL_OUTLINE_WRITER_H
+
+#include <string>
+#include <vector>
+
+namespace hmitool {
+
+class OutlineWriter {
+public:
+    explicit OutlineWriter(bool json) : json_(json) {}
+
+    // A node: "kind name" in the outline; {"kind": ..., "name": ..., "all": ...} in JSON. "all" marks
+    // the node that serves every value without a node of its own. Fields come before child nodes.
+    void Open(const std::string& kind, const std::string& name, bool all);
+    void Close();
+
+    void Scalar(const std::string& field, const std::string& value);
+    void List(const std::string& field, const std::vector<std::string>& values);
+    void ListWithDefault(const std::string& field, const std::string& defaultValue,
+                         const std::vector<std::string>& values);
+
+    // The text written so far; every node must be closed.
+    const std::string& str() const { return out_; }
+
+private:
+    std::string Indent() const { return std::string(2 * depth_.size(), ' '); }
+    std::string JsonArray(const std::vector<std::string>& values) const;
+
+    bool json_;
+    std::vector<bool> depth_;  // per open node: whether it has children yet
+    std::string out_;
+};
+
+}  // namespace hmitool
+
+#endif
