@@ -1,0 +1,103 @@
+#include "printer_store.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "unicode.h"
+
+namespace hmispool {
+
+const StoredValue* StoreKey::Find(std::u16string_view name) const {
+    auto it = index_.find(Folded(name));
+    return it == index_.end() ? nullptr : &values_[it->second];
+}
+
+bool StoreKey::Set(std::u16string_view name, DWORD type, const BYTE* data, size_t bytes) {
+    std::u16string folded = Folded(name);
+    auto it = index_.find(folded);
+    if (it != index_.end()) {
+        StoredValue& value = values_[it->second];
+        if (value.type == type && value.data.size() == bytes && std::equal(data, data + bytes, value.data.begin()))
+            return false;
+        value.data.assign(data, data + bytes);
+        value.type = type;
+        return true;
+    }
+    values_.push_back(StoredValue{std::u16string(name), type, std::vector<BYTE>(data, data + bytes)});
+    try {
+        index_.emplace(std::move(folded), values_.size() - 1);
+    } catch (...) {
+        values_.pop_back();
+        throw;
+    }
+    return true;
+}
+
+bool StoreKey::Remove(std::u16string_view name) {
+    auto it = index_.find(Folded(name));
+    if (it == index_.end()) return false;
+    size_t position = it->second;
+    index_.erase(it);
+    values_.erase(values_.begin() + static_cast<std::ptrdiff_t>(position));
+    for (auto& entry : index_) {
+        if (entry.second > position) --entry.second;
+    }
+    return true;
+}
+
+PrinterStore::PrinterStore() { keys_.emplace(std::u16string(), StoreKey(std::u16string())); }
+
+const StoreKey* PrinterStore::Find(std::u16string_view path) const {
+    auto it = keys_.find(Folded(path));
+    return it == keys_.end() ? nullptr : &it->second;
+}
+
+StoreKey* PrinterStore::Find(std::u16string_view path) {
+    auto it = keys_.find(Folded(path));
+    return it == keys_.end() ? nullptr : &it->second;
+}
+
+StoreKey& PrinterStore::Create(std::u16string_view path) {
+    // Ancestors first, so that each level keeps the spelling it was first created with.
+    size_t end = 0;
+    for (;;) {
+        end = path.find(u'\\', end);
+        std::u16string_view prefix = path.substr(0, end);
+        std::u16string folded = Folded(prefix);
+        auto it = keys_.find(folded);
+        if (it == keys_.end()) it = keys_.emplace(std::move(folded), StoreKey(std::u16string(prefix))).first;
+        if (end == std::u16string_view::npos) return it->second;
+        ++end;
+    }
+}
+
+bool PrinterStore::Delete(std::u16string_view path) {
+    if (path.empty()) {
+        keys_.clear();
+        keys_.emplace(std::u16string(), StoreKey(std::u16string()));
+        return true;
+    }
+    std::u16string folded = Folded(path);
+    bool existed = keys_.erase(folded) != 0;
+    folded.push_back(u'\\');
+    auto it = keys_.lower_bound(folded);
+    while (it != keys_.end() && it->first.compare(0, folded.size(), folded) == 0) it = keys_.erase(it);
+    return existed;
+}
+
+size_t KeyDepth(std::u16string_view path) {
+    return path.empty() ? 0 : 1 + static_cast<size_t>(std::count(path.begin(), path.end(), u'\\'));
+}
+
+bool NormalizeKeyPath(std::u16string_view path, std::u16string& out) {
+    out.clear();
+    if (!path.empty() && path.front() == u'\\') return false;
+    for (size_t i = 0; i < path.size(); ++i) {
+        if (path[i] == u'\\' && (out.empty() || out.back() == u'\\')) continue;
+        out.push_back(path[i]);
+    }
+    if (!out.empty() && out.back() == u'\\') out.pop_back();
+    return true;
+}
+
+}  // namespace hmispool

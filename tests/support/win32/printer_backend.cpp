@@ -1,0 +1,83 @@
+// Windows (and Wine): a printer added to the spooler with a driver of ours, deleted at the end.
+#include "support/printer_backend.h"
+
+#include <atomic>
+
+namespace hmitest {
+namespace backend {
+
+namespace {
+
+WCHAR kDriverName[] = L"XRVHMI Test Driver";
+
+// Once per process; adding a driver that is already installed succeeds as well.
+bool InstallDriver() {
+    static const bool installed = [] {
+        WCHAR driverFile[] = L"wineps.drv";
+        WCHAR dataFile[] = L"generic.ppd";
+        DRIVER_INFO_3W info = {};
+        info.cVersion = 3;
+        info.pName = kDriverName;
+        info.pDriverPath = driverFile;
+        info.pConfigFile = driverFile;
+        info.pDataFile = dataFile;
+        return AddPrinterDriverExW(nullptr, 3, reinterpret_cast<LPBYTE>(&info), APD_COPY_NEW_FILES) != FALSE;
+    }();
+    return installed;
+}
+
+bool AddTestPrinter(std::wstring& name) {
+    WCHAR port[] = L"FILE:";
+    WCHAR processor[] = L"WinPrint";
+    WCHAR datatype[] = L"RAW";  // without it the printer cannot be opened (error 1801)
+    PRINTER_INFO_2W info = {};
+    info.pPrinterName = &name[0];
+    info.pPortName = port;
+    info.pDriverName = kDriverName;
+    info.pPrintProcessor = processor;
+    info.pDatatype = datatype;
+    HANDLE added = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&info));
+    if (!added) return false;
+    ClosePrinter(added);
+    return true;
+}
+
+}  // namespace
+
+bool CreatePrinter(std::wstring& name) {
+    static std::atomic<unsigned> counter{0};
+    if (!InstallDriver()) return false;
+    name = L"XRVHMI Test Printer " + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter);
+    if (AddTestPrinter(name)) return true;
+    // A printer left behind by an earlier process with the same id.
+    if (GetLastError() != ERROR_PRINTER_ALREADY_EXISTS) return false;
+    DestroyPrinter(nullptr, name.c_str());
+    return AddTestPrinter(name);
+}
+
+HANDLE OpenTestPrinter(const WCHAR* name) {
+    PRINTER_DEFAULTSW defaults = {};
+    defaults.DesiredAccess = PRINTER_ALL_ACCESS;
+    HANDLE handle = nullptr;
+    return OpenPrinterW(const_cast<LPWSTR>(name), &handle, &defaults) ? handle : nullptr;
+}
+
+void DestroyPrinter(HANDLE handle, const WCHAR* name) {
+    if (!handle) handle = OpenTestPrinter(name);
+    if (!handle) return;
+    DeletePrinter(handle);
+    ClosePrinter(handle);
+}
+
+DWORD DeleteValue(HANDLE handle, const WCHAR* name, const WCHAR* key, const WCHAR* value) {
+    DWORD result = DeletePrinterDataExW(handle, key, value);
+    if (result != ERROR_INVALID_PARAMETER) return result;
+    // Wine's spooler answers every DeletePrinterDataExW with ERROR_INVALID_PARAMETER; its printer
+    // data lives in the registry, where the value can be deleted directly.
+    std::wstring path = std::wstring(L"System\\CurrentControlSet\\Control\\Print\\Printers\\") + name + L"\\" + key;
+    LSTATUS status = RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, path.c_str(), value);
+    return static_cast<DWORD>(status);
+}
+
+}  // namespace backend
+}  // namespace hmitest
