@@ -1,0 +1,77 @@
+#include "posix/msxml/dom_list.h"
+
+namespace {
+
+template <typename Interface>
+class DomList final : public ComObject<Interface> {
+public:
+    DomList(const NodeContext& context, NodeArray nodes) noexcept : context_(context), nodes_(nodes) {
+        context_.owner->AddRef();
+        context_.tree->AddRef();
+    }
+    ~DomList() override {
+        HMIComFree(nodes_.items);
+        context_.tree->Release();
+        context_.owner->Release();
+    }
+
+    HRESULT QueryInterface(REFIID riid, void** object) override;
+
+    HRESULT get_length(LONG* length) override {
+        if (!length) return E_INVALIDARG;
+        *length = nodes_.count;
+        return S_OK;
+    }
+
+    HRESULT get_item(LONG index, IXMLDOMNode** item) override {
+        if (!item) return E_INVALIDARG;
+        *item = nullptr;
+        if (index < 0 || index >= nodes_.count) return S_FALSE;
+        return HMIMakeNode(context_, nodes_.items[index], item);
+    }
+
+private:
+    NodeContext context_;
+    NodeArray nodes_;
+};
+
+template <>
+HRESULT DomList<IXMLDOMNodeList>::QueryInterface(REFIID riid, void** object) {
+    return this->Answer(riid, object, {&IID_IXMLDOMNodeList});
+}
+
+template <>
+HRESULT DomList<IXMLDOMNamedNodeMap>::QueryInterface(REFIID riid, void** object) {
+    return this->Answer(riid, object, {&IID_IXMLDOMNamedNodeMap});
+}
+
+template <typename Interface>
+HRESULT MakeList(const NodeContext& from, NodeArray nodes, Interface** out) {
+    *out = HMIComNew<DomList<Interface>>(from, nodes);
+    if (*out) return S_OK;
+    HMIComFree(nodes.items);
+    return E_OUTOFMEMORY;
+}
+
+}  // namespace
+
+HRESULT HMIMakeNodeList(const NodeContext& from, NodeArray nodes, IXMLDOMNodeList** out) {
+    return MakeList(from, nodes, out);
+}
+
+HRESULT HMIMakeNamedNodeMap(const NodeContext& from, NodeArray nodes, IXMLDOMNamedNodeMap** out) {
+    return MakeList(from, nodes, out);
+}
+
+bool HMIAppendNode(NodeArray* nodes, const NodeRef& ref) {
+    LONG count = nodes->count;
+    // Capacity is the next power of two, so growing needs no separate field.
+    if ((count & (count - 1)) == 0) {
+        if (count >= (1 << 29)) return false;
+        void* grown = HMIComRealloc(nodes->items, sizeof(NodeRef) * (count ? 2 * count : 1));
+        if (!grown) return false;
+        nodes->items = static_cast<NodeRef*>(grown);
+    }
+    nodes->items[nodes->count++] = ref;
+    return true;
+}

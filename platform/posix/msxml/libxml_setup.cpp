@@ -1,0 +1,42 @@
+#include "posix/msxml/libxml_setup.h"
+
+#include <cstring>
+#include <mutex>
+#include <libxml/parser.h>
+#include <libxml/xmlmemory.h>
+#include "posix/com/allocation.h"
+
+namespace {
+
+void* Malloc(size_t size) { return HMIComAlloc(size); }
+void* Realloc(void* block, size_t size) { return HMIComRealloc(block, size); }
+void Free(void* block) { HMIComFree(block); }
+
+char* Strdup(const char* text) {
+    size_t size = std::strlen(text) + 1;
+    auto* copy = static_cast<char*>(HMIComAlloc(size));
+    if (copy) std::memcpy(copy, text, size);
+    return copy;
+}
+
+void IgnoreGeneric(void*, const char*, ...) {}
+
+}  // namespace
+
+void HMIXmlIgnoreError(void*, xmlErrorPtr) {}
+
+void HMIXmlPrepareThread() {
+    thread_local bool silenced = false;
+    if (!silenced) {
+        xmlSetGenericErrorFunc(nullptr, IgnoreGeneric);
+        xmlSetStructuredErrorFunc(nullptr, HMIXmlIgnoreError);
+        silenced = true;
+    }
+    // The wrappers end in malloc/free, so blocks libxml2 allocated earlier stay valid to free.
+    static std::once_flag once;
+    std::call_once(once, [] {
+        HMIComUnrefusedAllocations initialisation;
+        xmlMemSetup(Free, Malloc, Realloc, Strdup);
+        xmlInitParser();
+    });
+}

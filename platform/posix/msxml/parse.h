@@ -1,0 +1,19 @@
+// Loading with MSXML's defaults: no DTD under 6.0, nothing external, bounded depth, white space
+// dropped at load with marks left for the text property.
+#ifndef HMI_POSIX_MSXML_PARSE_H
+#define HMI_POSIX_MSXML_PARSE_H
+
+#include <cstddef>
+#include <libxml/tree.h>
+#include "posix/msxml/dom_tree.h"
+
+// Element depth beyond which a document is refused (MSXML 6.0's MaxElementDepth; also the 3.0
+// emulation's bound, as libxml2 refuses deeper documents without XML_PARSE_HUGE).
+constexpr int kMaxElementDepth = 256;
+
+// UTF-8 text, any encoding declaration ignored; null when not loaded.
+xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version);
+// A local path or file:// URL, encoding from BOM or declaration; null when not loaded.
+xmlDocPtr HMIParseFile(const char* location, DomVersion version);
+
+#endif
