@@ -4,3 +4,11 @@ function(hmi_static_runtime target)
     target_link_options(${target} PRIVATE -static -static-libgcc -static-libstdc++)
   endif()
 endfunction()
+
+# Refuses undefined symbols in a Linux shared library. Not with clang's sanitizers, whose runtimes are
+# linked into programs only and reach shared libraries at load time.
+function(hmi_no_undefined target)
+  if(NOT (HMI_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES "Clang"))
+    target_link_options(${target} PRIVATE -Wl,--no-undefined)
+  endif()
+endfunction()

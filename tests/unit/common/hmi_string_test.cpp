@@ -1,0 +1,87 @@
+#include "common/hmi_string.h"
+
+#include <gtest/gtest.h>
+
+#include "support/fault_injection.h"
+
+namespace {
+
+using WideString = std::basic_string<WCHAR>;
+
+WideString Take(WCHAR* s) {
+    HMIHeapString owner(s);
+    return owner ? WideString(owner.get()) : WideString(HMI_W("<null>"));
+}
+
+TEST(HMIStrDup, CopiesWithTerminatorAndRefusesEmpty) {
+    const WCHAR text[] = HMI_W("Photo Paper");
+    WCHAR* copy = HMIStrDup(text);
+    EXPECT_NE(copy, text);
+    EXPECT_EQ(Take(copy), text);
+    EXPECT_EQ(HMIStrDup(HMI_W("")), nullptr);
+    EXPECT_EQ(HMIStrDup(nullptr), nullptr);
+    hmitest::ArmAllocationFailure(1);
+    copy = HMIStrDup(text);
+    EXPECT_TRUE(hmitest::DisarmAllocationFailure());
+    EXPECT_EQ(copy, nullptr);
+}
+
+TEST(HMIFormatString, FormatsIntoAHeapString) {
+    WCHAR* out = nullptr;
+    EXPECT_EQ(HMIFormatString(&out, HMI_W("%s\\%08X\\HMI"), HMI_W("PrinterDriverData\\Media"), 0x1Au), 36);
+    EXPECT_EQ(Take(out), HMI_W("PrinterDriverData\\Media\\0000001A\\HMI"));
+    const struct {
+        int value;
+        const WCHAR* text;
+    } numbers[] = {{0, HMI_W("000")}, {7, HMI_W("007")}, {999, HMI_W("999")}, {1000, HMI_W("1000")}};
+    for (const auto& n : numbers) {
+        EXPECT_EQ(HMIFormatString(&out, HMI_W("%03d"), n.value), static_cast<int>(HMIStrLen(n.text)));
+        EXPECT_EQ(Take(out), n.text);
+    }
+}
+
+TEST(HMIFormatString, FailuresGiveMinusOneAndNoString) {
+    WCHAR poison = 0;
+    WCHAR* out[3] = {&poison, &poison, &poison};
+    EXPECT_EQ(HMIFormatString(&out[0], HMI_W("")), -1);
+    EXPECT_EQ(HMIFormatString(&out[1], HMI_W("%s"), HMI_W("")), -1);
+    EXPECT_EQ(HMIFormatString(&out[2], nullptr), -1);
+    for (WCHAR* o : out) EXPECT_EQ(o, nullptr);
+    EXPECT_EQ(HMIFormatString(nullptr, HMI_W("%d"), 1), -1);
+
+    long before = 0;
+    int n = 0;
+    const long failures = hmitest::ForEachAllocationFailure(
+        [&] {
+            before = hmitest::LiveAllocations();
+            n = HMIFormatString(&out[0], HMI_W("%s\\%08X"), HMI_W("Media"), 26u);
+        },
+        [&](bool injected) {
+            EXPECT_EQ(n, injected ? -1 : 14);
+            EXPECT_EQ(hmitest::LiveAllocations(), before + (injected ? 0 : 1)) << "nothing leaks";
+            EXPECT_EQ(Take(out[0]), injected ? HMI_W("<null>") : HMI_W("Media\\0000001A"));
+        });
+    EXPECT_EQ(failures, 1);
+}
+
+TEST(HMIBoundedCopy, CopiesWhatFitsAndOnlyClearsTheFirstUnitOtherwise) {
+    const WCHAR unterminated[3] = {u'x', u'y', u'z'};  // nothing may be read past these three units
+    const struct {
+        const WCHAR* source;
+        size_t capacity;
+        bool copied;
+        const WCHAR* field;  // all four units of the field afterwards
+    } cases[] = {
+        {HMI_W("abc"), 4, true, HMI_W("abc\0")},    {HMI_W(""), 4, true, HMI_W("\0###")},
+        {HMI_W("abcd"), 4, false, HMI_W("\0###")},  {unterminated, 3, false, HMI_W("\0###")},
+        {nullptr, 4, false, HMI_W("\0###")},        {HMI_W(""), 0, false, HMI_W("####")},
+    };
+    for (const auto& c : cases) {
+        WCHAR field[4] = {u'#', u'#', u'#', u'#'};
+        EXPECT_EQ(HMIBoundedCopy(field, c.capacity, c.source), c.copied) << "case #" << (&c - cases);
+        EXPECT_EQ(WideString(field, 4), WideString(c.field, 4)) << "case #" << (&c - cases);
+    }
+    EXPECT_FALSE(HMIBoundedCopy(nullptr, 3, HMI_W("a")));
+}
+
+}  // namespace

@@ -1,0 +1,72 @@
+// Linux only: where the substitutes follow the Microsoft CRT and Wine or mingw-w64 answer otherwise.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <string>
+
+#include "platform/platform.h"
+#include "support/fault_injection.h"
+
+namespace {
+
+TEST(PosixCrt, ConversionsFollowTheMicrosoftCrt) {
+    char16_t* end = nullptr;
+    errno = 0;
+    // Wine answers 1; the Microsoft CRT saturates whatever the sign.
+    EXPECT_EQ(wcstoul(u"-4294967296", &end, 10), 0xFFFFFFFFu);
+    EXPECT_EQ(errno, ERANGE);
+    errno = 0;
+    const char16_t twelve[] = u"12";
+    EXPECT_EQ(wcstoul(twelve, &end, 37), 0u);
+    EXPECT_EQ(end, twelve);
+    EXPECT_EQ(errno, EINVAL);
+    // mingw-w64 links its own wcstod, which takes "inf" and hexadecimal and no 'd' exponent.
+    const struct {
+        const char16_t* input;
+        double expected;
+        long consumed;
+    } cases[] = {{u"2.5D-1", 0.25, 6}, {u"inf", 0.0, 0}, {u"0x1p3", 0.0, 1}, {u"\u30001.5", 1.5, 4}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(wcstod(c.input, &end), c.expected) << "case #" << (&c - cases);
+        EXPECT_EQ(end - c.input, c.consumed) << "case #" << (&c - cases);
+    }
+}
+
+TEST(PosixCrt, LongNumbersAreConvertedExactlyOrNotAtAll) {
+    // Longer than the conversion's stack buffer: 0.1, 300 zeros and a 1 round to 0.1.
+    const std::u16string text = u"0.1" + std::u16string(300, u'0') + u"1x";
+    char16_t* end = nullptr;
+    double value = 0;
+    const long failures = hmitest::ForEachAllocationFailure(
+        [&] { value = wcstod(text.c_str(), &end); },
+        [&](bool injected) {
+            EXPECT_EQ(value, injected ? 0.0 : 0.1);
+            EXPECT_EQ(static_cast<size_t>(end - text.c_str()), injected ? 0 : text.size() - 1);
+        });
+    EXPECT_EQ(failures, 1);
+}
+
+int Measure(const char16_t* format, ...) {
+    va_list args;
+    va_start(args, format);
+    const int n = _vscwprintf(format, args);
+    va_end(args);
+    return n;
+}
+
+TEST(PosixCrt, FormatsOutsideTheSupportedSetFail) {
+    for (const char16_t* format : {u"%f", u"%ls", u"%.2d", u"%+d", u"trailing %", u"%2147483648d"}) {
+        EXPECT_EQ(Measure(format, 1), -1) << std::string(format, format + std::char_traits<char16_t>::length(format));
+    }
+    EXPECT_EQ(Measure(nullptr), -1);
+    EXPECT_EQ(Measure(u"%2000000000d", 1), 2000000000) << "a wide field is counted, not written";
+}
+
+TEST(PosixCrt, LstrcmpOrdersByCodeUnit) {
+    EXPECT_LT(lstrcmpW(u"A", u"a"), 0);
+    EXPECT_LT(lstrcmpW(u"\U0001F600", u"\uFFFF"), 0);
+    EXPECT_EQ(lstrcmpW(nullptr, nullptr), 0);
+}
+
+}  // namespace

@@ -1,0 +1,100 @@
+#include "xml/hmi_xml_document.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "support/fault_injection.h"
+#include "xml/hmi_xml_query.h"
+#include "xml_test_support.h"
+
+namespace {
+
+using hmitest::MediaDocument;
+using hmitest::TakeText;
+using hmitest::WideString;
+
+WideString Nested(int depth) {
+    WideString open, close;
+    for (int i = 0; i < depth; ++i) {
+        open += HMI_W("<e>");
+        close += HMI_W("</e>");
+    }
+    return open + close;
+}
+
+bool Loads(IXMLDOMDocument2* loaded) { return HMIComPtr<IXMLDOMDocument2>(loaded).get() != nullptr; }
+
+// The document answers the media query that configuration makes possible.
+WideString Checksum(IXMLDOMNode* doc) {
+    WCHAR* out = nullptr;
+    HMIGetElementText(HMI_W("checksum"), doc, &out);
+    return TakeText(out);
+}
+
+class XmlDocumentTest : public hmitest::XmlTest {};
+
+TEST_F(XmlDocumentTest, TextLoadsOnlyWellFormedDocuments) {
+    const struct {
+        WideString text;
+        bool loads;
+    } cases[] = {
+        {HMI_W("<a/>"), true},
+        {HMI_W("<?xml version=\"1.0\" encoding=\"Windows-1252\"?><a>\x00E9</a>"), true},
+        {Nested(200), true},
+        {WideString(HMI_W("<a/>")) + WideString(1, 0) + HMI_W("<junk"), true},
+        {HMI_W(""), false},
+        {HMI_W("<?xml version=\"1.0\"?>"), false},
+        {HMI_W(" <?xml version=\"1.0\"?><a/>"), false},
+        {HMI_W("<a></b>"), false},
+        {HMI_W("<a/><b/>"), false},
+        {HMI_W("<a>&undefined;</a>"), false},
+        {Nested(10000), false},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Loads(HMILoadXMLText(c.text.c_str())), c.loads) << "case #" << (&c - cases);
+    EXPECT_EQ(HMILoadXMLText(nullptr), nullptr);
+
+    HMIComPtr<IXMLDOMDocument2> doc(HMILoadXMLText(MediaDocument(HMI_W("<iv:checksum>C1</iv:checksum>")).c_str()));
+    EXPECT_EQ(Checksum(doc.get()), HMI_W("C1"));
+}
+
+TEST_F(XmlDocumentTest, FileLoadsByPathAndOnlyWhenReadableAndWellFormed) {
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / "hmi_xml_document_test.xml";
+    const WideString widePath = path.string<WCHAR>();
+    const std::string ns(HMI_MEDIA_NAMESPACE, HMI_MEDIA_NAMESPACE + HMIStrLen(HMI_MEDIA_NAMESPACE));
+    std::ofstream(path, std::ios::binary) << "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<iv:db xmlns:iv=\""
+                                          << ns << "\"><iv:checksum>\xE2\x82\xAC" "1</iv:checksum></iv:db>\n";
+    HMIComPtr<IXMLDOMDocument2> doc(HMILoadXMLFile(widePath.c_str()));
+    EXPECT_EQ(Checksum(doc.get()), HMI_W("\x20AC" "1"));
+
+    std::ofstream(path, std::ios::binary) << "<a><b></a>";
+    EXPECT_FALSE(Loads(HMILoadXMLFile(widePath.c_str())));
+    std::filesystem::remove(path);
+    EXPECT_FALSE(Loads(HMILoadXMLFile(widePath.c_str())));
+    EXPECT_FALSE(Loads(HMILoadXMLFile(path.parent_path().string<WCHAR>().c_str())));
+    EXPECT_FALSE(Loads(HMILoadXMLFile(HMI_W(""))));
+    EXPECT_EQ(HMILoadXMLFile(nullptr), nullptr);
+}
+
+// A failure may be absorbed (the 6.0 class failing over to the 3.0 one); the document must then be whole.
+TEST_F(XmlDocumentTest, AllocationFailureFailsTheLoadWithoutLeak) {
+    const WideString text = MediaDocument(HMI_W("<iv:checksum>C1</iv:checksum>"));
+    long before = 0, refused = 0;
+    IXMLDOMDocument2* loaded = nullptr;
+    const long failures = hmitest::ForEachAllocationFailure(
+        [&] {
+            before = hmitest::LiveAllocations();
+            loaded = HMILoadXMLText(text.c_str());
+        },
+        [&](bool injected) {
+            HMIComPtr<IXMLDOMDocument2> doc(loaded);
+            if (!doc) ++refused;
+            EXPECT_TRUE(doc || (injected && hmitest::LiveAllocations() == before));
+            if (doc) {
+                EXPECT_EQ(Checksum(doc.get()), HMI_W("C1"));
+            }
+        });
+    EXPECT_GE(failures, 1);
+    EXPECT_GE(refused, 1);
+}
+
+}  // namespace

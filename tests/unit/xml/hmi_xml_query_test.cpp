@@ -1,0 +1,119 @@
+#include "xml/hmi_xml_query.h"
+
+#include "support/fault_injection.h"
+#include "xml_test_support.h"
+
+namespace {
+
+using hmitest::TakeText;
+
+class XmlQueryTest : public hmitest::XmlTest {
+protected:
+    void SetUp() override {
+        hmitest::XmlTest::SetUp();
+        ASSERT_NO_FATAL_FAILURE(Load(HMI_W("<iv:checksum>ABC123</iv:checksum><iv:checksum>SECOND</iv:checksum>"
+                   "<iv:visible></iv:visible><iv:blank/><iv:spaces>   </iv:spaces>"
+                   "<iv:mixed> a <iv:inner>b</iv:inner> c </iv:mixed>"
+                   "<o:product_id xmlns:o=\"urn:other\">OTHER</o:product_id><product_id>NONE</product_id>"
+                   "<iv:group><iv:deep>nested</iv:deep></iv:group>"
+                   "<iv:medianame_item language=\"en\">Plain</iv:medianame_item>"
+                   "<iv:medianame_item language=\"ja\">Futsu</iv:medianame_item>"
+                   "<iv:medianame_item language=\"ja\">Second</iv:medianame_item>"
+                   "<iv:medianame_item language=\"EN\">Upper</iv:medianame_item>"
+                   "<iv:medianame_item language=\"fr\"></iv:medianame_item>"
+                   "<medianame_item language=\"de\">NoNamespace</medianame_item>"),
+             HMI_W(" id=\"m1\" empty=\"\" iv:scoped=\"ns\" spaced=\"  v  \"")));
+        *root_.put() = Select(document_.get(), HMI_W("/iv:media"));
+        ASSERT_TRUE(root_);
+    }
+
+    HMIComPtr<IXMLDOMNode> root_;
+};
+
+// An out-argument holding garbage before each call.
+WCHAR* const kPoison = reinterpret_cast<WCHAR*>(static_cast<uintptr_t>(0xCDCDCDCD));
+
+enum Query { Element, Attribute, Language };
+
+TEST_F(XmlQueryTest, TextQueriesAnswerTheFirstNonEmptyMatch) {
+    const struct {
+        Query query;
+        const WCHAR* name;  // the local name, attribute name or language
+        const WCHAR* text;  // null: no answer
+    } cases[] = {
+        {Element, HMI_W("checksum"), HMI_W("ABC123")},  {Element, HMI_W("deep"), HMI_W("nested")},
+        {Element, HMI_W("mixed"), HMI_W("a b c")},      {Element, HMI_W("visible"), nullptr},
+        {Element, HMI_W("blank"), nullptr},             {Element, HMI_W("spaces"), nullptr},
+        {Element, HMI_W("product_id"), nullptr},        {Element, HMI_W("bad name"), nullptr},
+        {Attribute, HMI_W("id"), HMI_W("m1")},          {Attribute, HMI_W("spaced"), HMI_W("  v  ")},
+        {Attribute, HMI_W("empty"), nullptr},           {Attribute, HMI_W("scoped"), nullptr},
+        {Attribute, HMI_W("[bad"), nullptr},           {Attribute, nullptr, nullptr},
+        {Language, HMI_W("ja"), HMI_W("Futsu")},        {Language, HMI_W("EN"), HMI_W("Upper")},
+        {Language, HMI_W("fr"), nullptr},               {Language, HMI_W("de"), nullptr},
+        {Language, HMI_W("j"), nullptr},                {Language, HMI_W("j\"a"), nullptr},
+        {Language, nullptr, nullptr},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "case #" << (&c - cases));
+        WCHAR* out = kPoison;
+        const bool found =
+            c.query == Element     ? HMIGetElementText(c.name, document_.get(), &out)
+            : c.query == Attribute ? HMIGetAttributeText(c.name, root_.get(), &out)
+                                   : HMIGetElementTextByLanguage(HMI_W("medianame_item"), c.name, document_.get(), &out);
+        EXPECT_EQ(found, c.text != nullptr);
+        EXPECT_EQ(TakeText(out), c.text ? c.text : HMI_W("<none>"));
+    }
+}
+
+TEST_F(XmlQueryTest, SelectionStaysBelowTheContextAndTakesItsFirstMatch) {
+    HMIComPtr<IXMLDOMNode> group(Select(document_.get(), HMI_W("//iv:group")));
+    WCHAR* out = kPoison;
+    EXPECT_FALSE(HMIGetElementText(HMI_W("checksum"), group.get(), &out));
+    EXPECT_EQ(out, nullptr);
+    EXPECT_FALSE(HMIGetElementText(HMI_W("media"), root_.get(), &out)) << "the context itself is not searched";
+    EXPECT_TRUE(HMIGetNodeText(group.get(), &out));
+    EXPECT_EQ(TakeText(out), HMI_W("nested"));
+    for (const WCHAR* invalid : {HMI_W("undeclared:checksum"), HMI_W("count(*)"), HMI_W("(((")}) {
+        HMIBSTR query;
+        ASSERT_TRUE(query.assign(invalid));
+        out = kPoison;
+        EXPECT_FALSE(HMISelectNodeText(query.str, root_.get(), &out));
+        EXPECT_EQ(out, nullptr);
+    }
+}
+
+TEST_F(XmlQueryTest, NullArgumentsAnswerFalse) {
+    HMIBSTR query;
+    ASSERT_TRUE(query.assign(HMI_W("iv:checksum")));
+    WCHAR* out[5] = {kPoison, kPoison, kPoison, kPoison, kPoison};
+    EXPECT_FALSE(HMIGetNodeText(nullptr, &out[0]));
+    EXPECT_FALSE(HMISelectNodeText(query.str, nullptr, &out[1]));
+    EXPECT_FALSE(HMIGetAttributeText(HMI_W("id"), nullptr, &out[2]));
+    EXPECT_FALSE(HMIGetElementText(HMI_W("checksum"), nullptr, &out[3]));
+    EXPECT_FALSE(HMIGetElementTextByLanguage(HMI_W("medianame_item"), HMI_W("ja"), nullptr, &out[4]));
+    for (WCHAR* o : out) EXPECT_EQ(o, nullptr);
+    EXPECT_FALSE(HMIGetNodeText(root_.get(), nullptr));
+    EXPECT_FALSE(HMISelectNodeText(query.str, root_.get(), nullptr));
+    EXPECT_FALSE(HMIGetAttributeText(HMI_W("id"), root_.get(), nullptr));
+    EXPECT_FALSE(HMIGetElementText(HMI_W("checksum"), document_.get(), nullptr));
+    EXPECT_FALSE(HMIGetElementTextByLanguage(HMI_W("medianame_item"), HMI_W("ja"), document_.get(), nullptr));
+}
+
+TEST_F(XmlQueryTest, AllocationFailureAnswersFalseWithoutLeak) {
+    long before = 0;
+    bool found = false;
+    WCHAR* out = nullptr;
+    const long failures = hmitest::ForEachAllocationFailure(
+        [&] {
+            before = hmitest::LiveAllocations();
+            found = HMIGetElementTextByLanguage(HMI_W("medianame_item"), HMI_W("ja"), document_.get(), &out);
+        },
+        [&](bool injected) {
+            EXPECT_TRUE(found || injected);
+            EXPECT_EQ(hmitest::LiveAllocations(), before + (found ? 1 : 0));
+            EXPECT_EQ(TakeText(out), found ? HMI_W("Futsu") : HMI_W("<none>"));
+        });
+    EXPECT_GE(failures, 2) << "the query text and the result are allocated";
+}
+
+}  // namespace

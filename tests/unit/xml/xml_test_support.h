@@ -1,0 +1,56 @@
+// Shared pieces of the XML access tests: COM for the test's thread and media documents as text.
+#ifndef HMI_TEST_XML_SUPPORT_H
+#define HMI_TEST_XML_SUPPORT_H
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "common/hmi_string.h"
+#include "xml/hmi_bstr.h"
+#include "xml/hmi_com_apartment.h"
+#include "xml/hmi_com_ptr.h"
+#include "xml/hmi_media_namespace.h"
+#include "xml/hmi_xml_document.h"
+
+namespace hmitest {
+
+using WideString = std::basic_string<WCHAR>;
+
+// A document whose root element iv:media declares the media-information namespace.
+inline WideString MediaDocument(const WideString& body, const WideString& rootAttributes = WideString()) {
+    return HMI_W("<?xml version=\"1.0\"?><iv:media xmlns:iv=\"") + WideString(HMI_MEDIA_NAMESPACE) + HMI_W("\"") +
+           rootAttributes + HMI_W(">") + body + HMI_W("</iv:media>");
+}
+
+// Takes a query result: its text, or "<none>" for null.
+inline WideString TakeText(WCHAR* text) {
+    HMIHeapString owner(text);
+    return owner ? WideString(owner.get()) : WideString(HMI_W("<none>"));
+}
+
+class XmlTest : public testing::Test {
+    HMIComApartment com_;  // first in, last out: every DOM object is released inside it
+
+protected:
+    void SetUp() override { ASSERT_TRUE(com_.ok()); }
+
+    void Load(const WideString& body, const WideString& rootAttributes = WideString()) {
+        *document_.put() = HMILoadXMLText(MediaDocument(body, rootAttributes).c_str());
+        ASSERT_TRUE(document_);
+    }
+
+    // The first node the query selects, with the reference for the caller's owner.
+    static IXMLDOMNode* Select(IXMLDOMNode* context, const WCHAR* query) {
+        HMIBSTR text;
+        HMIComPtr<IXMLDOMNode> node;
+        EXPECT_TRUE(text.assign(query) && context->selectSingleNode(text.str, node.put()) == S_OK) << "selects";
+        return node.detach();
+    }
+
+    HMIComPtr<IXMLDOMDocument2> document_;
+};
+
+}  // namespace hmitest
+
+#endif
