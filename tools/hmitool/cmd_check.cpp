@@ -11,10 +11,6 @@ namespace hmitool {
 namespace {
 
 int RunCheck(const std::vector<std::string>& args, const Options& options) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: hmitool check FILE\n");
-        return kUsage;
-    }
     MediumFile file;
     switch (file.Load(args[0])) {
         case MediumFile::Outcome::kUnreadable:

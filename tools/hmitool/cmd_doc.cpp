@@ -14,10 +14,6 @@ namespace hmitool {
 namespace {
 
 int RunDoc(const std::vector<std::string>& args, const Options& options) {
-    if (args.size() != 2) {
-        std::fprintf(stderr, "usage: hmitool doc PRINTER MEDIA_ID\n");
-        return kUsage;
-    }
     Database db;
     if (!db.Open(args[0])) return kUnreadable;
     _tagHMIMediaInfoHeader header;

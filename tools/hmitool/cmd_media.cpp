@@ -54,10 +54,6 @@ void PrintJson(const _tagHMICommonInfo& info, const std::vector<WString>& ids, c
 }
 
 int RunMedia(const std::vector<std::string>& args, const Options& options) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: hmitool media PRINTER\n");
-        return kUsage;
-    }
     Database db;
     if (!db.Open(args[0])) return kUnreadable;
     _tagHMICommonInfo info;

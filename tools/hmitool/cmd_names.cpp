@@ -38,10 +38,6 @@ std::vector<WString> Languages(const Database& db, DWORD mediaNumber) {
 }
 
 int RunNames(const std::vector<std::string>& args, const Options& options) {
-    if (args.size() < 2 || args.size() > 3) {
-        std::fprintf(stderr, "usage: hmitool names PRINTER MEDIA_ID [LANG]\n");
-        return kUsage;
-    }
     Database db;
     if (!db.Open(args[0])) return kUnreadable;
     const WString id = Widen(args[1]);

@@ -127,10 +127,6 @@ void WriteMedium(OutlineWriter& out, const HMIXMLMediaDetail& detail) {
 }
 
 int RunTree(const std::vector<std::string>& args, const Options& options) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: hmitool tree FILE\n");
-        return kUsage;
-    }
     MediumFile file;
     switch (file.Load(args[0])) {
         case MediumFile::Outcome::kUnreadable:

@@ -17,7 +17,7 @@ struct Options {
 
 struct Command {
     const char* name;
-    const char* usage;    // arguments after the name, e.g. "PRINTER MEDIA_ID [LANG]"
+    const char* usage;    // arguments after the name, e.g. "PRINTER MEDIA_ID [LANG]"; counted from it
     const char* summary;  // one line
     int (*run)(const std::vector<std::string>& args, const Options& options);
 };

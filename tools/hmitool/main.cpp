@@ -20,6 +20,18 @@ void PrintUsage(FILE* out) {
     for (const Command& c : Commands()) std::fprintf(out, "  %s %s\n      %s\n", c.name, c.usage, c.summary);
 }
 
+// The argument counts a usage text allows: its words, the bracketed ones optional.
+bool ArgumentCountFits(const Command& command, size_t count) {
+    size_t required = 0, optional = 0;
+    for (const char* p = command.usage; *p;) {
+        while (*p == ' ') ++p;
+        if (!*p) break;
+        (*p == '[' ? optional : required) += 1;
+        while (*p && *p != ' ') ++p;
+    }
+    return count >= required && count <= required + optional;
+}
+
 }  // namespace
 
 bool RegisterCommand(const Command& command) {
@@ -52,6 +64,10 @@ int main(int argc, char** argv) {
     for (const Command& c : Commands()) {
         if (args[0] == c.name) {
             args.erase(args.begin());
+            if (!ArgumentCountFits(c, args.size())) {
+                std::fprintf(stderr, "usage: hmitool %s %s\n", c.name, c.usage);
+                return kUsage;
+            }
             return c.run(args, options);
         }
     }
