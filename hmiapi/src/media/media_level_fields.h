@@ -4,7 +4,6 @@
 #define HMI_MEDIA_LEVEL_FIELDS_H
 
 #include <cstdint>
-#include <cstring>
 #include <iterator>
 
 #include "common/hmi_string.h"
@@ -28,12 +27,11 @@ void HMIReadHexValue(const HMIXMLNode& level, const WCHAR* name, uint64_t* field
 // Signed decimal; an element without text gives 0.
 void HMIReadDecimalValue(const HMIXMLNode& level, const WCHAR* name, int32_t* field) noexcept;
 
-// Copied when it fits with its terminator; otherwise, or without text, the field stays all zero, so
-// that no part of an over-long text is copied out with the record.
+// Copied when it fits with its terminator; otherwise, or without text, the zero-filled field stays as
+// it is (the bounded copy writes nothing of a text that does not fit).
 template <size_t N>
 void HMIReadTextValue(const HMIXMLNode& level, const WCHAR* name, WCHAR (&field)[N]) noexcept {
-    const HMIXMLNode* element = level.FindChild(name);
-    if (element && !HMIBoundedCopy(field, element->Text())) std::memset(field, 0, sizeof field);
+    if (const HMIXMLNode* element = level.FindChild(name)) HMIBoundedCopy(field, element->Text());
 }
 
 // An element without text, or with an unknown keyword, gives the invalid value.
