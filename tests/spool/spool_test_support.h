@@ -2,6 +2,12 @@
 #ifndef HMI_TEST_SPOOL_SUPPORT_H
 #define HMI_TEST_SPOOL_SUPPORT_H
 
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -15,41 +21,65 @@ using Bytes = std::vector<BYTE>;
 inline const std::string kHeader = "Windows Registry Editor Version 5.00\n";
 
 // A private temporary directory, removed with everything in it.
-class TempDir {
-public:
-    TempDir();
-    ~TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    const std::string& path() const { return path_; }
-    std::string File(const std::string& name) const { return path_ + "/" + name; }
-    std::vector<std::string> Entries() const;  // names, sorted
-
-private:
-    std::string path_;
+struct TempDir {
+    std::string path = (std::filesystem::temp_directory_path() / "hmispool-test-XXXXXX").string();
+    TempDir() { EXPECT_NE(::mkdtemp(path.data()), nullptr); }
+    ~TempDir() { std::error_code ignored; std::filesystem::remove_all(path, ignored); }
+    std::string File(const std::string& name) const { return path + "/" + name; }
 };
 
-void WriteFile(const std::string& path, const std::string& bytes);
-std::string ReadFile(const std::string& path);
-Text Widen(const std::string& ascii);
+inline void WriteFile(const std::string& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
+inline std::string ReadFile(const std::string& path) {
+    std::ostringstream bytes;
+    bytes << std::ifstream(path, std::ios::binary).rdbuf();
+    return bytes.str();
+}
+inline Text Widen(const std::string& ascii) { return Text(ascii.begin(), ascii.end()); }
 
 // OpenPrinterW of a path; null on failure (HMISpoolLastOpenError tells why).
-HANDLE Open(const std::string& path);
+inline HANDLE Open(const std::string& path) {
+    Text name = Widen(path);
+    HANDLE printer = nullptr;
+    return OpenPrinterW(name.data(), &printer, nullptr) ? printer : nullptr;
+}
 
-struct Value {
-    Text name;
-    DWORD type;
-    Bytes data;
-    bool operator==(const Value& o) const { return name == o.name && type == o.type && data == o.data; }
-};
+inline DWORD Set(HANDLE printer, const Text& key, const Text& name, DWORD type, const Bytes& data) {
+    return SetPrinterDataExW(printer, key.c_str(), name.c_str(), type, const_cast<BYTE*>(data.data()),
+                             static_cast<DWORD>(data.size()));
+}
 
-// GetPrinterDataExW into an exactly sized buffer; result is its answer.
-DWORD Read(HANDLE printer, const Text& key, const Text& name, Value& value);
-// EnumPrinterDataExW of a key with the two-call protocol; result is the final answer.
-DWORD Enumerate(HANDLE printer, const Text& key, std::vector<Value>& values);
+// GetPrinterDataExW with the two-call protocol; result is the final answer.
+inline DWORD Read(HANDLE printer, const Text& key, const Text& name, Bytes& data, DWORD* type = nullptr) {
+    DWORD needed = 0;
+    DWORD result = GetPrinterDataExW(printer, key.c_str(), name.c_str(), type, nullptr, 0, &needed);
+    if (result != ERROR_MORE_DATA) return result;
+    data.assign(needed + 1, 0);  // never a null buffer, which only asks for the size
+    result = GetPrinterDataExW(printer, key.c_str(), name.c_str(), type, data.data(), needed, &needed);
+    data.resize(needed);
+    return result;
+}
 
-Bytes TextBytes(const Text& text);  // UTF-16LE with terminator
-Bytes DwordBytes(DWORD number);
+// EnumPrinterDataExW of a key with the two-call protocol: the names listed, or the failure code.
+inline DWORD Names(HANDLE printer, const Text& key, std::vector<Text>& names) {
+    names.clear();
+    DWORD needed = 0, count = 0;
+    DWORD result = EnumPrinterDataExW(printer, key.c_str(), nullptr, 0, &needed, &count);
+    if (result != ERROR_MORE_DATA) return result;
+    Bytes block(needed);
+    result = EnumPrinterDataExW(printer, key.c_str(), block.data(), needed, &needed, &count);
+    auto* entries = reinterpret_cast<const PRINTER_ENUM_VALUESW*>(block.data());
+    for (DWORD i = 0; result == ERROR_SUCCESS && i < count; ++i) names.push_back(entries[i].pValueName);
+    return result;
+}
+
+inline Bytes TextBytes(const Text& text) {  // UTF-16LE with terminator
+    Bytes bytes;
+    for (char16_t c : text + u'\0') bytes.insert(bytes.end(), {static_cast<BYTE>(c), static_cast<BYTE>(c >> 8)});
+    return bytes;
+}
+inline Bytes DwordBytes(DWORD n) {
+    return {static_cast<BYTE>(n), static_cast<BYTE>(n >> 8), static_cast<BYTE>(n >> 16), static_cast<BYTE>(n >> 24)};
+}
 
 }  // namespace spooltest
 

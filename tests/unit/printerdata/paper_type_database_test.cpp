@@ -208,9 +208,9 @@ TEST_F(PaperTypeDatabase, AllocationFailureAtEveryStepOfTheLoad) {
         [&] {
             HMIAccess* opened = HMIOpen(handle);
             // A load that survives a failure may only have dropped media, never produced wrong ones.
-            if (opened) {
-                _tagHMIMediaInfoHeader header;
-                if (HMIGetMediaInfoHeader(opened, HMI_W("MatteFineArt"), &header)) EXPECT_EQ(header.media_number, 3u);
+            _tagHMIMediaInfoHeader header;
+            if (opened && HMIGetMediaInfoHeader(opened, HMI_W("MatteFineArt"), &header)) {
+                EXPECT_EQ(header.media_number, 3u);
             }
             HMIClose(opened);
         },

@@ -11,12 +11,7 @@
 
 namespace {
 
-bool StartsWith(const std::string& text, const char* prefix) { return text.rfind(prefix, 0) == 0; }
-
 TEST(FuzzSeedReplay, SeedsRunThroughTheHarnessAsTheirNamesSay) {
-#ifndef HMI_FUZZ_CORPUS_DIR
-    GTEST_SKIP() << "HMI_FUZZ_CORPUS_DIR is not defined for this build";
-#else
     int replayed = 0;
     for (const auto& entry : std::filesystem::directory_iterator(HMI_FUZZ_CORPUS_DIR)) {
         const std::string name = entry.path().filename().string();
@@ -24,15 +19,12 @@ TEST(FuzzSeedReplay, SeedsRunThroughTheHarnessAsTheirNamesSay) {
         std::ifstream file(entry.path(), std::ios::binary);
         const std::vector<uint8_t> bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
         const bool loaded = hmifuzz::ExerciseXmlText(bytes.data(), bytes.size());
-        if (StartsWith(name, "load_")) {
-            EXPECT_TRUE(loaded);
-        } else if (StartsWith(name, "fail_")) {
-            EXPECT_FALSE(loaded);
+        if (name.rfind("load_", 0) == 0 || name.rfind("fail_", 0) == 0) {
+            EXPECT_EQ(loaded, name[0] == 'l');
         }
         ++replayed;
     }
     EXPECT_GE(replayed, 5);
-#endif
 }
 
 }  // namespace

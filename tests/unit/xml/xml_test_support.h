@@ -4,14 +4,17 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 
 #include "common/hmi_string.h"
+#include "support/fault_injection.h"
 #include "xml/hmi_bstr.h"
 #include "xml/hmi_com_apartment.h"
 #include "xml/hmi_com_ptr.h"
 #include "xml/hmi_media_namespace.h"
 #include "xml/hmi_xml_document.h"
+#include "xml/hmi_xml_query.h"
 
 namespace hmitest {
 
@@ -27,6 +30,29 @@ inline WideString MediaDocument(const WideString& body, const WideString& rootAt
 inline WideString TakeText(WCHAR* text) {
     HMIHeapString owner(text);
     return owner ? WideString(owner.get()) : WideString(HMI_W("<none>"));
+}
+
+// Loads a document and asks it for a name by language with each allocation failing in turn: the
+// answer is right or absent, and what the library allocated is gone afterwards. check runs after each
+// run (with the document released); returns the number of runs with a failure injected.
+inline long LoadAndQueryUnderEachFailure(const std::function<void()>& check) {
+    const WideString text = MediaDocument(HMI_W("<iv:medianame_item language=\"ja\">Futsu</iv:medianame_item>"));
+    long before = 0;
+    bool found = false;
+    WCHAR* out = nullptr;
+    return ForEachAllocationFailure(
+        [&] {
+            before = LiveAllocations();
+            out = nullptr;
+            HMIComPtr<IXMLDOMDocument2> doc(HMILoadXMLText(text.c_str()));
+            found = doc && HMIGetElementTextByLanguage(HMI_W("medianame_item"), HMI_W("ja"), doc.get(), &out);
+        },
+        [&](bool injected) {
+            EXPECT_TRUE(found || injected);
+            EXPECT_EQ(LiveAllocations(), before + (found ? 1 : 0));
+            EXPECT_EQ(TakeText(out), found ? HMI_W("Futsu") : HMI_W("<none>"));
+            check();
+        });
 }
 
 class XmlTest : public testing::Test {
