@@ -28,7 +28,7 @@ struct TempDir {
     std::string File(const std::string& name) const { return path + "/" + name; }
 };
 
-inline void WriteFile(const std::string& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
+inline void WriteFile(const std::string& to, const std::string& text) { std::ofstream(to, std::ios::binary) << text; }
 inline std::string ReadFile(const std::string& path) {
     std::ostringstream bytes;
     bytes << std::ifstream(path, std::ios::binary).rdbuf();

