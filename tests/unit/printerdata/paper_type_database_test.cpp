@@ -39,43 +39,17 @@ protected:
 const std::vector<MediumEntry> kThreeMedia = {
     {"0000001A", "PhotoGlossyPro"}, {"00000002", "PlainPaper", 0, 0}, {"00000003", "MatteFineArt"}};
 
-TEST_F(PaperTypeDatabase, CommonInformationIsCopiedWhole) {
+TEST_F(PaperTypeDatabase, RecordsAreCopiedWhole) {
     ASSERT_NE(Open(kThreeMedia), nullptr);
     _tagHMICommonInfo info;
     std::memset(&info, 0xCD, sizeof info);
     ASSERT_EQ(HMIGetCommonInfo(access, &info), 1);
-    _tagHMICommonInfo expected = {};
-    expected.db_format_ver = 2.10f;
-    std::memcpy(expected.product_id, W("XR-2400").c_str(), 7 * sizeof(WCHAR));
-    std::memcpy(expected.pop_db_time, W("2026-11-23 09:30:00").c_str(), 19 * sizeof(WCHAR));
-    EXPECT_EQ(std::memcmp(&info, &expected, sizeof info), 0);
-}
+    _tagHMICommonInfo expectedInfo = {};
+    expectedInfo.db_format_ver = 2.10f;
+    std::memcpy(expectedInfo.product_id, W("XR-2400").c_str(), 7 * sizeof(WCHAR));
+    std::memcpy(expectedInfo.pop_db_time, W("2026-11-23 09:30:00").c_str(), 19 * sizeof(WCHAR));
+    EXPECT_EQ(std::memcmp(&info, &expectedInfo, sizeof info), 0);
 
-TEST_F(PaperTypeDatabase, MediaListSizingAndSelfPointer) {
-    ASSERT_NE(Open(kThreeMedia), nullptr);
-    size_t required = 0;
-    EXPECT_EQ(HMIGetAvailableMedia(access, nullptr, 0, &required), 0);
-    EXPECT_EQ(required, 406u);
-
-    std::vector<unsigned char> buffer(406 + 8, 0xCD);
-    auto* media = reinterpret_cast<_tagHMIAvailableMedia*>(buffer.data());
-    required = 0;
-    EXPECT_EQ(HMIGetAvailableMedia(access, media, 405, &required), 0);
-    EXPECT_EQ(required, 406u);
-    required = 777;
-    ASSERT_EQ(HMIGetAvailableMedia(access, media, 406, &required), 1);
-    EXPECT_EQ(required, 777u);
-    EXPECT_EQ(media->count, 3u);
-    EXPECT_EQ(reinterpret_cast<unsigned char*>(media->ids), buffer.data() + 16);
-    EXPECT_EQ(WString(media->ids[0]), W("PhotoGlossyPro"));
-    EXPECT_EQ(WString(media->ids[2]), W("MatteFineArt"));
-    for (size_t i = 406; i < buffer.size(); ++i) EXPECT_EQ(buffer[i], 0xCD) << "byte " << i;
-    // Unused units of an id entry are zero, as the list was built from a zero-filled block.
-    EXPECT_EQ(media->ids[1][64], 0);
-}
-
-TEST_F(PaperTypeDatabase, HeaderIsCopiedWhole) {
-    ASSERT_NE(Open(kThreeMedia), nullptr);
     _tagHMIMediaInfoHeader header;
     std::memset(&header, 0xCD, sizeof header);
     ASSERT_EQ(HMIGetMediaInfoHeader(access, HMI_W("PhotoGlossyPro"), &header), 1);
@@ -95,33 +69,43 @@ TEST_F(PaperTypeDatabase, HeaderIsCopiedWhole) {
     EXPECT_EQ(HMIGetMediaInfoHeader(access, HMI_W("PlainPaper"), nullptr), 0);
 }
 
-TEST_F(PaperTypeDatabase, EntriesThatCannotBeReadAreSkipped) {
-    ASSERT_TRUE(WriteDatabase(printer, kThreeMedia));
-    ASSERT_TRUE(printer.Remove(kMediaKey, HMI_W("001")));
+TEST_F(PaperTypeDatabase, MediaListSizingAndSelfPointer) {
+    ASSERT_NE(Open(kThreeMedia), nullptr);
+    size_t required = 0;
+    EXPECT_EQ(HMIGetAvailableMedia(access, nullptr, 0, &required), 0);
+    EXPECT_EQ(required, 406u);
+
+    std::vector<unsigned char> buffer(406 + 8, 0xCD);
+    auto* media = reinterpret_cast<_tagHMIAvailableMedia*>(buffer.data());
+    required = 0;
+    EXPECT_EQ(HMIGetAvailableMedia(access, media, 405, &required), 0);
+    EXPECT_EQ(required, 406u);
+    required = 777;
+    ASSERT_EQ(HMIGetAvailableMedia(access, media, 406, &required), 1);
+    EXPECT_EQ(required, 777u);
+    EXPECT_EQ(media->count, 3u);
+    EXPECT_EQ(reinterpret_cast<unsigned char*>(media->ids), buffer.data() + 16);
+    EXPECT_EQ(WString(media->ids[2]), W("MatteFineArt"));
+    EXPECT_EQ(media->ids[1][64], 0);  // built from a zero-filled block
+    for (size_t i = 406; i < buffer.size(); ++i) EXPECT_EQ(buffer[i], 0xCD) << "byte " << i;
+}
+
+// Entries that cannot be read are skipped; number texts parse as hexadecimal; a repeated id is
+// listed again while its first header stays.
+TEST_F(PaperTypeDatabase, ListEntries) {
+    ASSERT_TRUE(WriteDatabase(printer, {{"0000001A", "Upper"}, {"1a", "LowerCase"}, {"100000000", "Overflow"},
+                                        {"xyz", "NoDigits"}, {"00000002", "Same"}, {"00000003", "Same"},
+                                        {"00000004", "Removed"}}));
+    ASSERT_TRUE(printer.Remove(kMediaKey, HMI_W("006")));
     access = HMIOpen(printer.Reopen());
     ASSERT_NE(access, nullptr);
-    EXPECT_EQ(Ids(), (std::vector<WString>{W("PhotoGlossyPro"), W("MatteFineArt")}));
-}
-
-TEST_F(PaperTypeDatabase, NumberTextRules) {
-    ASSERT_NE(Open({{"1a", "LowerCase"}, {"100000000", "Overflow"}, {"xyz", "NoDigits"}, {"0x1F", "Prefixed"}}),
-              nullptr);
-    EXPECT_EQ(Ids(), (std::vector<WString>{W("LowerCase"), W("NoDigits"), W("Prefixed")}));
-    _tagHMIMediaInfoHeader header;
-    ASSERT_TRUE(HMIGetMediaInfoHeader(access, HMI_W("LowerCase"), &header));
-    EXPECT_EQ(header.media_number, 0x1Au);
-    ASSERT_TRUE(HMIGetMediaInfoHeader(access, HMI_W("NoDigits"), &header));
-    EXPECT_EQ(header.media_number, 0u);
-    ASSERT_TRUE(HMIGetMediaInfoHeader(access, HMI_W("Prefixed"), &header));
-    EXPECT_EQ(header.media_number, 0x1Fu);
-}
-
-TEST_F(PaperTypeDatabase, DuplicateIdsAreListedTwiceAndTheFirstHeaderWins) {
-    ASSERT_NE(Open({{"00000001", "Same"}, {"00000002", "Same"}}), nullptr);
-    EXPECT_EQ(Ids(), (std::vector<WString>{W("Same"), W("Same")}));
-    _tagHMIMediaInfoHeader header;
-    ASSERT_TRUE(HMIGetMediaInfoHeader(access, HMI_W("Same"), &header));
-    EXPECT_EQ(header.media_number, 1u);
+    EXPECT_EQ(Ids(), (std::vector<WString>{W("Upper"), W("LowerCase"), W("NoDigits"), W("Same"), W("Same")}));
+    const std::pair<const char*, DWORD> numbers[] = {{"LowerCase", 0x1A}, {"NoDigits", 0}, {"Same", 2}};
+    for (const auto& [id, number] : numbers) {
+        _tagHMIMediaInfoHeader header;
+        ASSERT_TRUE(HMIGetMediaInfoHeader(access, W(id).c_str(), &header)) << id;
+        EXPECT_EQ(header.media_number, number) << id;
+    }
 }
 
 TEST_F(PaperTypeDatabase, EmptyAndHugeListCounts) {
@@ -218,23 +202,6 @@ TEST_F(PaperTypeDatabase, AllocationFailureAtEveryStepOfTheLoad) {
     EXPECT_GT(failures, 5);
 }
 
-TEST(AccessHandle, WithoutPrinterOnlyTheFileReadersCanWork) {
-    HMIAccess* access = HMIOpen(nullptr);
-    ASSERT_NE(access, nullptr);
-    _tagHMICommonInfo info;
-    _tagHMIMediaInfoHeader header;
-    size_t required = 99;
-    EXPECT_EQ(HMIGetCommonInfo(access, &info), 0);
-    EXPECT_EQ(HMIGetAvailableMedia(access, nullptr, 0, &required), 0);
-    EXPECT_EQ(required, 99u);
-    EXPECT_EQ(HMIGetMediaInfoHeader(access, HMI_W("x"), &header), 0);
-    TestPrinter printer;
-    ASSERT_TRUE(WriteDatabase(printer, {{"00000001", "x"}}));
-    EXPECT_EQ(HMIUpdatePrinterHandle(access, printer.Reopen()), 1);
-    EXPECT_EQ(HMIGetCommonInfo(access, &info), 0);
-    HMIClose(access);
-}
-
 TEST(AccessHandle, NullArgumentsFailEveryExport) {
     _tagHMICommonInfo info;
     _tagHMIMediaInfoHeader header;
@@ -247,8 +214,16 @@ TEST(AccessHandle, NullArgumentsFailEveryExport) {
     EXPECT_EQ(HMIGetMediaInfoHeader(nullptr, HMI_W("x"), &header), 0);
     EXPECT_EQ(HMIGetMediaName(nullptr, HMI_W("x"), HMI_W("en"), name, 8, &required), 0);
     HMIClose(nullptr);
+    // Without a printer the database stays empty, also after a printer handle is given later.
+    TestPrinter printer;
+    ASSERT_TRUE(WriteDatabase(printer, {{"00000001", "x"}}));
     HMIAccess* access = HMIOpen(nullptr);
-    EXPECT_EQ(HMIGetCommonInfo(access, nullptr), 0);
+    ASSERT_NE(access, nullptr);
+    EXPECT_EQ(HMIUpdatePrinterHandle(access, printer.Reopen()), 1);
+    EXPECT_EQ(HMIGetCommonInfo(access, &info), 0);
+    EXPECT_EQ(HMIGetAvailableMedia(access, nullptr, 0, &required), 0);
+    EXPECT_EQ(required, 5u);
+    EXPECT_EQ(HMIGetMediaInfoHeader(access, HMI_W("x"), &header), 0);
     HMIClose(access);
 }
 
