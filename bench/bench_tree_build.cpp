@@ -30,7 +30,8 @@ void* CountedAllocate(size_t size) noexcept {
     return block + kHeader;
 }
 
-void CountedRelease(void* p) noexcept {
+// Kept out of line: inlined into operator delete, the compiler takes the header arithmetic for a mismatch.
+[[gnu::noinline]] void CountedRelease(void* p) noexcept {
     if (!p) return;
     auto* block = static_cast<unsigned char*>(p) - kHeader;
     liveBytes -= static_cast<long long>(*reinterpret_cast<size_t*>(block));

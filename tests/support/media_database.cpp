@@ -22,7 +22,7 @@ bool WriteDatabase(TestPrinter& printer, const std::vector<MediumEntry>& media, 
               printer.SetDword(kMediaKey, HMI_W("papertype_info_list"),
                                static_cast<DWORD>(listCount < 0 ? media.size() : listCount));
     for (size_t i = 0; ok && i < media.size(); ++i) {
-        char name[16];
+        char name[24];
         std::snprintf(name, sizeof name, "%03zu", i);
         const MediumEntry& m = media[i];
         const WString subkey = kMediaKey + W("\\" + m.number);
