@@ -25,25 +25,25 @@ private:
     size_t length_ = 0;
 };
 
-struct FieldSpec {
+struct FieldFormat {
     bool leftAlign = false;
     bool zeroPad = false;
     size_t width = 0;
 };
 
 // Emits prefix (a sign) and body padded to the field width; zero padding goes between them.
-void PutField(WideSink& out, const FieldSpec& spec, const WCHAR* prefix, size_t prefixLength, const WCHAR* body,
+void PutField(WideSink& out, const FieldFormat& field, const WCHAR* prefix, size_t prefixLength, const WCHAR* body,
               size_t bodyLength) {
     size_t used = prefixLength + bodyLength;
-    size_t padding = spec.width > used ? spec.width - used : 0;
-    if (!spec.leftAlign && !spec.zeroPad) out.Repeat(u' ', padding);
+    size_t padding = field.width > used ? field.width - used : 0;
+    if (!field.leftAlign && !field.zeroPad) out.Repeat(u' ', padding);
     for (size_t i = 0; i < prefixLength; ++i) out.Put(prefix[i]);
-    if (!spec.leftAlign && spec.zeroPad) out.Repeat(u'0', padding);
+    if (!field.leftAlign && field.zeroPad) out.Repeat(u'0', padding);
     for (size_t i = 0; i < bodyLength; ++i) out.Put(body[i]);
-    if (spec.leftAlign) out.Repeat(u' ', padding);
+    if (field.leftAlign) out.Repeat(u' ', padding);
 }
 
-void PutNumber(WideSink& out, const FieldSpec& spec, bool negative, uint32_t magnitude, unsigned base,
+void PutNumber(WideSink& out, const FieldFormat& field, bool negative, uint32_t magnitude, unsigned base,
                bool upper) {
     const char* digits = upper ? "0123456789ABCDEF" : "0123456789abcdef";
     WCHAR text[32];
@@ -53,7 +53,7 @@ void PutNumber(WideSink& out, const FieldSpec& spec, bool negative, uint32_t mag
         magnitude /= base;
     } while (magnitude != 0);
     const WCHAR minus = u'-';
-    PutField(out, spec, &minus, negative ? 1 : 0, text + start, sizeof text / sizeof text[0] - start);
+    PutField(out, field, &minus, negative ? 1 : 0, text + start, sizeof text / sizeof text[0] - start);
 }
 
 size_t WideLength(const WCHAR* s) {
@@ -70,17 +70,17 @@ bool FormatInto(WideSink& out, const WCHAR* format, va_list args) {
             out.Put(*p);
             continue;
         }
-        FieldSpec spec;
+        FieldFormat field;
         for (++p; *p == u'-' || *p == u'0'; ++p) {
             if (*p == u'-') {
-                spec.leftAlign = true;
+                field.leftAlign = true;
             } else {
-                spec.zeroPad = true;
+                field.zeroPad = true;
             }
         }
         for (; *p >= u'0' && *p <= u'9'; ++p) {
-            spec.width = spec.width * 10 + static_cast<size_t>(*p - u'0');
-            if (spec.width > static_cast<size_t>(INT_MAX)) return false;
+            field.width = field.width * 10 + static_cast<size_t>(*p - u'0');
+            if (field.width > static_cast<size_t>(INT_MAX)) return false;
         }
         switch (*p) {
             case u'%':
@@ -88,28 +88,28 @@ bool FormatInto(WideSink& out, const WCHAR* format, va_list args) {
                 break;
             case u'c': {
                 const WCHAR c = static_cast<WCHAR>(va_arg(args, int));
-                PutField(out, spec, nullptr, 0, &c, 1);
+                PutField(out, field, nullptr, 0, &c, 1);
                 break;
             }
             case u's': {
                 const WCHAR* s = va_arg(args, const WCHAR*);
                 if (!s) s = kNull;
-                PutField(out, spec, nullptr, 0, s, WideLength(s));
+                PutField(out, field, nullptr, 0, s, WideLength(s));
                 break;
             }
             case u'd':
             case u'i': {
                 const int32_t value = va_arg(args, int32_t);
                 const uint32_t magnitude = value < 0 ? 0u - static_cast<uint32_t>(value) : static_cast<uint32_t>(value);
-                PutNumber(out, spec, value < 0, magnitude, 10, false);
+                PutNumber(out, field, value < 0, magnitude, 10, false);
                 break;
             }
             case u'u':
-                PutNumber(out, spec, false, va_arg(args, uint32_t), 10, false);
+                PutNumber(out, field, false, va_arg(args, uint32_t), 10, false);
                 break;
             case u'x':
             case u'X':
-                PutNumber(out, spec, false, va_arg(args, uint32_t), 16, *p == u'X');
+                PutNumber(out, field, false, va_arg(args, uint32_t), 16, *p == u'X');
                 break;
             default:
                 return false;
