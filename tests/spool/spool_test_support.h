@@ -7,7 +7,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -30,15 +30,13 @@ struct TempDir {
 
 inline void WriteFile(const std::string& to, const std::string& text) { std::ofstream(to, std::ios::binary) << text; }
 inline std::string ReadFile(const std::string& path) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(path, std::ios::binary).rdbuf();
-    return bytes.str();
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
-inline Text Widen(const std::string& ascii) { return Text(ascii.begin(), ascii.end()); }
 
-// OpenPrinterW of a path; null on failure (HMISpoolLastOpenError tells why).
+// OpenPrinterW of a path or printer name; null on failure (HMISpoolLastOpenError tells why).
 inline HANDLE Open(const std::string& path) {
-    Text name = Widen(path);
+    Text name(path.begin(), path.end());
     HANDLE printer = nullptr;
     return OpenPrinterW(name.data(), &printer, nullptr) ? printer : nullptr;
 }
@@ -59,27 +57,12 @@ inline DWORD Read(HANDLE printer, const Text& key, const Text& name, Bytes& data
     return result;
 }
 
-// EnumPrinterDataExW of a key with the two-call protocol: the names listed, or the failure code.
-inline DWORD Names(HANDLE printer, const Text& key, std::vector<Text>& names) {
-    names.clear();
-    DWORD needed = 0, count = 0;
-    DWORD result = EnumPrinterDataExW(printer, key.c_str(), nullptr, 0, &needed, &count);
-    if (result != ERROR_MORE_DATA) return result;
-    Bytes block(needed);
-    result = EnumPrinterDataExW(printer, key.c_str(), block.data(), needed, &needed, &count);
-    auto* entries = reinterpret_cast<const PRINTER_ENUM_VALUESW*>(block.data());
-    for (DWORD i = 0; result == ERROR_SUCCESS && i < count; ++i) names.push_back(entries[i].pValueName);
-    return result;
-}
-
 inline Bytes TextBytes(const Text& text) {  // UTF-16LE with terminator
     Bytes bytes;
     for (char16_t c : text + u'\0') bytes.insert(bytes.end(), {static_cast<BYTE>(c), static_cast<BYTE>(c >> 8)});
     return bytes;
 }
-inline Bytes DwordBytes(DWORD n) {
-    return {static_cast<BYTE>(n), static_cast<BYTE>(n >> 8), static_cast<BYTE>(n >> 16), static_cast<BYTE>(n >> 24)};
-}
+inline Bytes DwordBytes(DWORD n) { return {BYTE(n), BYTE(n >> 8), BYTE(n >> 16), BYTE(n >> 24)}; }
 
 }  // namespace spooltest
 

@@ -2,6 +2,8 @@
 // writing changed stores back.
 #include <sys/stat.h>
 
+#include <utility>
+
 #include "spool/spool_test_support.h"
 
 namespace {
@@ -38,43 +40,23 @@ TEST_F(StoreApi, InvalidArgumentsAnswerWindowsCodes) {
     EXPECT_EQ(GetPrinterDataExW(printer, u"Existing", u"keep", &type, data, sizeof data, nullptr), 87u);
     EXPECT_EQ(GetPrinterDataExW(printer, u"\\Existing", u"keep", &type, data, sizeof data, &needed), 161u);
     EXPECT_EQ(EnumPrinterDataExW(printer, u"", data, sizeof data, &needed, &count), 87u);
-    EXPECT_EQ(EnumPrinterDataExW(printer, u"Existing", data, sizeof data, nullptr, &count), 87u);
-    EXPECT_EQ(EnumPrinterDataExW(printer, u"Existing", data, sizeof data, &needed, nullptr), 87u);
     EXPECT_EQ(SetPrinterDataExW(printer, u"M", u"v", REG_BINARY, nullptr, 1), 998u);
     // Names the store file could not hold are refused.
-    const Bytes one = {1};
-    EXPECT_EQ(Set(printer, u"M", u"two\nlines", REG_BINARY, one), 87u);
-    EXPECT_EQ(Set(printer, u"M\nN", u"v", REG_BINARY, one), 87u);
-    EXPECT_EQ(Set(printer, u"M", Text(1, char16_t(0xDC00)), REG_BINARY, one), 87u);
-    Text deep = u"k";
-    for (int i = 1; i < 512; ++i) deep += u"\\k";
-    EXPECT_EQ(Set(printer, deep, u"v", REG_BINARY, one), 0u);
-    EXPECT_EQ(Set(printer, deep + u"\\k", u"v", REG_BINARY, one), 87u);
-    HANDLE none = reinterpret_cast<HANDLE>(1);
-    EXPECT_FALSE(OpenPrinterW(nullptr, &none, nullptr));
-    EXPECT_EQ(none, nullptr);
+    for (Text name : {Text(u"two\nlines"), Text(1, char16_t(0xDC00))}) EXPECT_EQ(Set(printer, u"M", name, 0, {1}), 87u);
 }
 
 // Names and data that the file format has to escape or cannot show as text (plain values of each
-// type go through the printer-store conformance test), and the order values were first written in.
+// type go through the printer-store conformance test).
 TEST_F(StoreApi, ChangedStoreIsWrittenReadablyAndReadsBackTheSame) {
     const Text media = u"PrinterDriverData\\Media";
     const struct { Text key, name; DWORD type; Bytes data; } written[] = {
-        {media, u"text", REG_SZ, TextBytes(u"Plain \"paper\" C:\\x\\")},
-        {media, u"", REG_DWORD, DwordBytes(0x1a)},
-        {media, u"lines", REG_SZ, TextBytes(u"a\r\nb")},
-        {media, u"embedded zero", REG_SZ, {'a', 0, 0, 0, 'b', 0, 0, 0}},
-        {media, u"odd text", REG_SZ, {'a', 0, 0}},
-        {media, u"unpaired", REG_SZ, {0x00, 0xD8, 'x', 0, 0, 0}},
-        {media, u"odd type", 0x12345, {9}},
-        {u"Key ]with[ brackets", u"v", REG_DWORD, DwordBytes(7)},
-        {u"-not a deletion\\-sub", u"v", REG_DWORD, DwordBytes(8)},
-        {u"hkey_not absolute", u"v", REG_DWORD, DwordBytes(9)},
-        {u"", u"at the root", REG_SZ, TextBytes(u"r")},
+        {media, u"text", REG_SZ, TextBytes(u"Plain \"paper\" C:\\x\\")}, {media, u"", REG_DWORD, DwordBytes(0x1a)},
+        {media, u"lines", REG_SZ, TextBytes(u"a\r\nb")}, {media, u"embedded zero", REG_SZ, {'a', 0, 0, 0, 'b', 0}},
+        {media, u"unpaired, odd length", REG_SZ, {0x00, 0xD8, 'x', 0, 0}}, {media, u"odd type", 0x12345, {9}},
+        {u"Key ]with[ brackets", u"v", REG_DWORD, DwordBytes(7)}, {u"-no deletion\\-x", u"v", REG_DWORD, DwordBytes(8)},
+        {u"hkey_not absolute", u"v", REG_DWORD, DwordBytes(9)}, {u"", u"at the root", REG_SZ, TextBytes(u"r")},
     };
     for (const auto& w : written) ASSERT_EQ(Set(printer, w.key, w.name, w.type, w.data), 0u);
-    ASSERT_EQ(Set(printer, u"Empty\\Key", u"gone", REG_BINARY, {}), 0u);
-    ASSERT_EQ(DeletePrinterDataExW(printer, u"Empty\\Key", u"gone"), 0u);
     for (Text n : {u"c", u"A", u"b", u"a", u"D"}) ASSERT_EQ(Set(printer, u"Existing", n, 0, TextBytes(n)), 0u);
     ASSERT_EQ(DeletePrinterDataExW(printer, u"existing", u"C"), 0u);
     ASSERT_EQ(Set(printer, u"Existing", u"C", 0, {}), 0u);
@@ -90,30 +72,21 @@ TEST_F(StoreApi, ChangedStoreIsWrittenReadablyAndReadsBackTheSame) {
     }
     ASSERT_NE(printer = Open(path), nullptr) << HMISpoolLastOpenError() << "\n" << file;
     for (const auto& w : written) {
-        SCOPED_TRACE(std::string(w.name.begin(), w.name.end()));
         DWORD type = 0;
-        ASSERT_EQ(Read(printer, w.key, w.name, data, &type), 0u);
-        EXPECT_EQ(type, w.type);
-        EXPECT_EQ(data, w.data);
+        EXPECT_TRUE(Read(printer, w.key, w.name, data, &type) == 0 && type == w.type && data == w.data)
+            << std::string(w.name.begin(), w.name.end());
     }
-    std::vector<Text> names;
-    EXPECT_TRUE(Names(printer, u"Empty\\Key", names) == 0 && names.empty());
-    EXPECT_EQ(Names(printer, u"Existing", names), 0u);
-    EXPECT_EQ(names, (std::vector<Text>{u"keep", u"A", u"b", u"D", u"C"}));
 }
 
 TEST_F(StoreApi, OnlyAChangedStoreIsReplacedKeepingItsPermissions) {
-    ASSERT_TRUE(ClosePrinter(printer));
     ASSERT_EQ(chmod(path.c_str(), 0640), 0);
     const ino_t before = Stat(path).st_ino;
     const std::string content = ReadFile(path);
-    ASSERT_NE(printer = Open(path), nullptr);
     // Writing what is already stored and deleting nothing change nothing.
     ASSERT_EQ(Set(printer, u"existing", u"KEEP", REG_DWORD, DwordBytes(5)), 0u);
     EXPECT_EQ(DeletePrinterDataExW(printer, u"Existing", u"absent"), 2u);
     ASSERT_TRUE(ClosePrinter(printer));
-    EXPECT_EQ(Stat(path).st_ino, before);
-    EXPECT_EQ(ReadFile(path), content);
+    EXPECT_TRUE(Stat(path).st_ino == before && ReadFile(path) == content);
 
     ASSERT_NE(printer = Open(path), nullptr);
     ASSERT_EQ(Set(printer, u"New", u"v", REG_BINARY, {}), 0u);
@@ -126,8 +99,7 @@ TEST_F(StoreApi, OnlyAChangedStoreIsReplacedKeepingItsPermissions) {
     ASSERT_EQ(Set(printer, u"Newer", u"v", REG_BINARY, {}), 0u);
     const std::string moved = dir.path + "-moved";
     ASSERT_EQ(rename(dir.path.c_str(), moved.c_str()), 0);
-    EXPECT_FALSE(ClosePrinter(printer));
-    printer = nullptr;
+    EXPECT_FALSE(ClosePrinter(std::exchange(printer, nullptr)));
     ASSERT_EQ(rename(moved.c_str(), dir.path.c_str()), 0);
     EXPECT_TRUE(OnlyTheStore(dir.path));
 }
@@ -135,28 +107,23 @@ TEST_F(StoreApi, OnlyAChangedStoreIsReplacedKeepingItsPermissions) {
 TEST(StoreNames, PrinterNamesResolveToStoreFiles) {
     TempDir dir;
     // No other test here opens a printer by name, so the variables are not restored.
-    const char* const variables[] = {"HMI_PRINTER_STORE", "XDG_DATA_HOME", "HOME"};
     const std::filesystem::path previous = std::filesystem::current_path();
     std::filesystem::current_path(dir.path);
-    const struct { const char* what; const char* env[3]; Text name; std::string file; } cases[] = {  // env: null unsets
-        {"HMI_PRINTER_STORE", {"/s", "/x", "/h"}, u"Office Jet", "/s/Office Jet.reg"},
-        {"XDG_DATA_HOME", {nullptr, "/x", "/h"}, u"Office Jet", "/x/xrvhmi/printers/Office Jet.reg"},
-        {"empty variables are unset", {"", "", "/h"}, u"Office Jet", "/h/.local/share/xrvhmi/printers/Office Jet.reg"},
-        {"a name ending in .reg is a relative path", {"/s", "/x", "/h"}, u"local.reg", "/local.reg"},
+    const char* const variables[] = {"HMI_PRINTER_STORE", "XDG_DATA_HOME", "HOME"};
+    const struct { const char* env[3]; std::string name, file; } cases[] = {  // env: null unsets
+        {{"/s", "/x", "/h"}, "Office Jet", "/s/Office Jet.reg"},
+        {{nullptr, "/x", "/h"}, "Office Jet", "/x/xrvhmi/printers/Office Jet.reg"},
+        {{"", "", "/h"}, "Office Jet", "/h/.local/share/xrvhmi/printers/Office Jet.reg"},  // empty is unset
+        {{"/s", "/x", "/h"}, "local.reg", "/local.reg"},  // a name ending in .reg is a relative path
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
         for (int i = 0; i < 3; ++i) {
-            if (c.env[i]) setenv(variables[i], (*c.env[i] ? dir.path + c.env[i] : "").c_str(), 1);
-            else unsetenv(variables[i]);
+            c.env[i] ? setenv(variables[i], (*c.env[i] ? dir.path + c.env[i] : "").c_str(), 1) : unsetenv(variables[i]);
         }
         const std::filesystem::path path = dir.path + c.file;
         std::filesystem::create_directories(path.parent_path());
         WriteFile(path, kHeader);
-        Text name = c.name;
-        HANDLE printer = nullptr;
-        EXPECT_TRUE(OpenPrinterW(name.data(), &printer, nullptr)) << HMISpoolLastOpenError();
-        ClosePrinter(printer);
+        EXPECT_TRUE(ClosePrinter(Open(c.name))) << c.file << ": " << HMISpoolLastOpenError();
         std::filesystem::remove(path);  // so that no other case finds it
     }
     std::filesystem::current_path(previous);

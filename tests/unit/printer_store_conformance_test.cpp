@@ -35,47 +35,35 @@ struct Stored { const WCHAR* name; DWORD type; Bytes data; };
 class PrinterStoreConformance : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(printer.ok()); }
-    bool Put(const Stored& v) {
-        return printer.Set(kKey, v.name, v.type, v.data.data(), static_cast<DWORD>(v.data.size()));
-    }
+    bool Put(const Stored& v) { return printer.Set(kKey, v.name, v.type, v.data.data(), DWORD(v.data.size())); }
     TestPrinter printer;
 };
 
 TEST_F(PrinterStoreConformance, StoredBytesSurviveReopeningAndReadWithTheNeededSize) {
-    Bytes large(1000);
-    for (size_t i = 0; i < large.size(); ++i) large[i] = static_cast<BYTE>(i * 7);
     const std::vector<Stored> cases = {
-        {HMI_W("say \"hi\" C:\\"), REG_SZ, TextBytes(HMI_W("say \"hi\" C:\\dir\\"))},
         {HMI_W("caf\u00e9 \u7d19"), REG_SZ, TextBytes(HMI_W("caf\u00e9 \u7d19 \U0001F5A8"))},
-        {HMI_W("line break"), REG_SZ, TextBytes(HMI_W("two\r\nlines"))},
-        {HMI_W(""), REG_SZ, TextBytes(HMI_W(""))},
-        {HMI_W("no terminator"), REG_SZ, Of(HMI_W("ab"), 2 * sizeof(WCHAR))},
-        {HMI_W("dword"), REG_DWORD, Of("\x1a\0\0\0", 4)},
-        {HMI_W("short dword"), REG_DWORD, Of("\x1a\0", 2)},
-        {HMI_W("empty binary"), REG_BINARY, {}},
-        {HMI_W("qword"), REG_QWORD, {1, 2, 3, 4, 5, 6, 7, 8}},
+        {HMI_W(""), REG_SZ, TextBytes(HMI_W(""))}, {HMI_W("no terminator"), REG_SZ, Of(HMI_W("ab"), 2 * sizeof(WCHAR))},
+        {HMI_W("short dword"), REG_DWORD, Of("\x1a\0", 2)}, {HMI_W("empty binary"), REG_BINARY, {}},
         {HMI_W("no type"), REG_NONE, {1}},
-        {HMI_W("large binary"), REG_BINARY, large},
     };
     for (const Stored& c : cases) ASSERT_TRUE(Put(c));
     ASSERT_NE(printer.Reopen(), nullptr);
     for (const Stored& c : cases) {
         SCOPED_TRACE(::testing::PrintToString(Text(c.name)));
-        const DWORD size = static_cast<DWORD>(c.data.size());
-        for (long tooSmall : {-1L, static_cast<long>(size) - 1}) {  // a null buffer asks even for 0 bytes
-            Read read = Get(printer.handle(), kKey, c.name, tooSmall);
-            EXPECT_EQ(read.result, static_cast<DWORD>(ERROR_MORE_DATA));
-            EXPECT_EQ(read.needed, size);
-        }
-        for (long extra : {0L, 6L}) {
-            Read read = Get(printer.handle(), kKey, c.name, size + extra);
+        const long size = static_cast<long>(c.data.size());
+        for (long bufferSize : {-1L, size - 1, size, size + 6}) {
+            Read read = Get(printer.handle(), kKey, c.name, bufferSize);
+            EXPECT_EQ(read.needed, static_cast<DWORD>(size));
+            if (bufferSize < size) {  // a null buffer asks even for 0 bytes
+                EXPECT_EQ(read.result, static_cast<DWORD>(ERROR_MORE_DATA));
+                continue;
+            }
             ASSERT_EQ(read.result, static_cast<DWORD>(ERROR_SUCCESS));
-            EXPECT_EQ(read.needed, size);
             EXPECT_EQ(read.type, c.type);
             EXPECT_EQ(Bytes(read.buffer.begin(), read.buffer.begin() + size), c.data);
             // Nothing is written past the buffer size given. (Within it, Wine terminates a REG_SZ
             // stored without terminator when there is room; the substitute adds nothing.)
-            EXPECT_EQ(Bytes(read.buffer.begin() + size + extra, read.buffer.end()), Bytes(8, kFill));
+            EXPECT_EQ(Bytes(read.buffer.begin() + bufferSize, read.buffer.end()), Bytes(8, kFill));
         }
     }
 }
@@ -84,26 +72,19 @@ TEST_F(PrinterStoreConformance, MissingAndRemovedValuesAnswerFileNotFound) {
     const WCHAR* const sub = HMI_W("PrinterDriverData\\Media\\0000001A");
     ASSERT_TRUE(printer.SetDword(sub, HMI_W("valid"), 1) && printer.SetDword(kKey, HMI_W("drop"), 2));
     ASSERT_TRUE(printer.Remove(kKey, HMI_W("DROP")));
-    EXPECT_FALSE(printer.Remove(kKey, HMI_W("drop")));
-    EXPECT_EQ(Get(printer.handle(), kKey, HMI_W("drop"), 4).result, 2u);
     ASSERT_NE(printer.Reopen(), nullptr);
     const struct { const WCHAR* key; const WCHAR* name; } missing[] = {
-        {sub, HMI_W("visible")},
-        {HMI_W("PrinterDriverData\\Media\\0000001B"), HMI_W("valid")},
+        {sub, HMI_W("visible")}, {HMI_W("Elsewhere"), HMI_W("valid")}, {kKey, HMI_W("drop")},
         {kKey, HMI_W("valid")},  // the parent exists, the value is only in the subkey
-        {HMI_W("Elsewhere"), HMI_W("valid")},
-        {kKey, HMI_W("drop")},
     };
     for (const auto& c : missing) {
         for (long size : {-1L, 64L}) EXPECT_EQ(Get(printer.handle(), c.key, c.name, size).result, 2u);
     }
-    EXPECT_EQ(Get(printer.handle(), sub, HMI_W("valid"), 4).result, 0u);
     DWORD needed = 0xFFFF, count = 0xFFFF;
     EXPECT_EQ(EnumPrinterDataExW(printer.handle(), HMI_W("Elsewhere"), nullptr, 0, &needed, &count), 2u);
     // A key that only holds subkeys (here: without values since the removal) lists nothing.
     for (const WCHAR* key : {kKey, HMI_W("PrinterDriverData")}) {
-        EXPECT_EQ(EnumPrinterDataExW(printer.handle(), key, nullptr, 0, &needed, &count), 0u);
-        EXPECT_EQ(needed + count, 0u);
+        EXPECT_TRUE(EnumPrinterDataExW(printer.handle(), key, nullptr, 0, &needed, &count) == 0 && needed + count == 0);
     }
 }
 
@@ -111,22 +92,17 @@ TEST_F(PrinterStoreConformance, MissingAndRemovedValuesAnswerFileNotFound) {
 // they were first written. Names compare case-insensitively and keep the spelling first written.
 TEST_F(PrinterStoreConformance, EnumerationBlockHoldsEntriesNamesAndData) {
     std::vector<Stored> values = {
-        {HMI_W(""), REG_BINARY, {2, 0, 0, 0}},
-        {HMI_W("000"), REG_BINARY, Of("<\0a\0", 4)},
-        {HMI_W("001"), REG_SZ, TextBytes(HMI_W("/>"))},
-        {HMI_W("Product_ID"), REG_BINARY, {1, 2, 3}},
-        {HMI_W("zero"), REG_BINARY, {}},
+        {HMI_W(""), REG_BINARY, {2, 0, 0, 0}}, {HMI_W("001"), REG_SZ, TextBytes(HMI_W("/>"))},
+        {HMI_W("Product_ID"), REG_BINARY, {1, 2, 3}}, {HMI_W("zero"), REG_BINARY, {}},
     };
     for (const Stored& v : values) ASSERT_TRUE(Put(v));
-    values[3].data = {4, 5};
+    values[2].data = {4, 5};
     ASSERT_TRUE(printer.Set(HMI_W("printerdriverdata\\MEDIA"), HMI_W("PRODUCT_id"), REG_BINARY, "\x04\x05", 2));
-    EXPECT_EQ(Get(printer.handle(), HMI_W("PRINTERDRIVERDATA\\media"), HMI_W("product_id"), 2).buffer[1], 5);
 
     DWORD needed = 0, smallNeeded = 0, count = 0;
     ASSERT_EQ(EnumPrinterDataExW(printer.handle(), kKey, nullptr, 0, &needed, &count), 234u);  // ERROR_MORE_DATA
     Bytes block(needed);
-    ASSERT_EQ(EnumPrinterDataExW(printer.handle(), kKey, block.data(), needed - 1, &smallNeeded, &count),
-              static_cast<DWORD>(ERROR_MORE_DATA));
+    ASSERT_EQ(EnumPrinterDataExW(printer.handle(), kKey, block.data(), needed - 1, &smallNeeded, &count), 234u);
     EXPECT_EQ(smallNeeded, needed);
     ASSERT_EQ(EnumPrinterDataExW(printer.handle(), kKey, block.data(), needed, &needed, &count), 0u);
     ASSERT_EQ(count, values.size());
@@ -134,13 +110,10 @@ TEST_F(PrinterStoreConformance, EnumerationBlockHoldsEntriesNamesAndData) {
     auto* entries = reinterpret_cast<const PRINTER_ENUM_VALUESW*>(block.data());
     std::vector<std::pair<const BYTE*, const BYTE*>> ranges = {{block.data(), block.data() + count * sizeof *entries}};
     for (DWORD i = 0; i < count; ++i) {
-        SCOPED_TRACE(i);
         const PRINTER_ENUM_VALUESW& e = entries[i];
         const BYTE* name = reinterpret_cast<const BYTE*>(e.pValueName);
-        ASSERT_TRUE(name && e.pData);
-        EXPECT_EQ(Of(name, e.cbValueName), TextBytes(values[i].name));
-        EXPECT_EQ(e.dwType, values[i].type);
-        EXPECT_EQ(Of(e.pData, e.cbData), values[i].data);
+        EXPECT_EQ(Of(name, e.cbValueName), TextBytes(values[i].name)) << i;
+        EXPECT_TRUE(e.dwType == values[i].type && Of(e.pData, e.cbData) == values[i].data) << i;
         ranges.emplace_back(name, name + e.cbValueName);
         ranges.emplace_back(e.pData, e.pData + e.cbData);
     }
@@ -148,22 +121,6 @@ TEST_F(PrinterStoreConformance, EnumerationBlockHoldsEntriesNamesAndData) {
     EXPECT_EQ(ranges.front().first, block.data());
     for (size_t i = 1; i < ranges.size(); ++i) EXPECT_LE(ranges[i - 1].second, ranges[i].first) << "overlap at " << i;
     EXPECT_LE(ranges.back().second, block.data() + block.size());
-}
-
-TEST(PrinterStoreHandles, StaleAndNullHandlesAreRefused) {
-    HANDLE stale = nullptr;
-    {
-        TestPrinter printer;
-        ASSERT_NE(stale = printer.Reopen(), nullptr);
-    }
-    DWORD type, needed, count;
-    BYTE data[8];
-    for (HANDLE handle : {static_cast<HANDLE>(nullptr), stale}) {
-        EXPECT_EQ(GetPrinterDataExW(handle, kKey, HMI_W("v"), &type, data, sizeof data, &needed), 6u);
-        EXPECT_EQ(EnumPrinterDataExW(handle, kKey, data, sizeof data, &needed, &count), 6u);
-        EXPECT_EQ(SetPrinterDataExW(handle, kKey, HMI_W("v"), REG_BINARY, data, 1), 6u);
-        EXPECT_FALSE(ClosePrinter(handle));
-    }
 }
 
 }  // namespace
