@@ -20,65 +20,50 @@ inline std::string Show(const Text& text) { return ::testing::PrintToString(text
 
 // Written into out-parameters first, so that a call which does not write one is seen.
 template <typename T>
-T Poison() {
-    return reinterpret_cast<T>(static_cast<uintptr_t>(0xCDCDCDCDu));
+T Poison() { return reinterpret_cast<T>(static_cast<uintptr_t>(0xCDCDCDCDu)); }
+
+inline void Free(BSTR text) { SysFreeString(text); }
+inline void Free(IUnknown* object) { object->Release(); }
+
+// Owns a BSTR or an interface pointer.
+template <typename T>
+class Own {
+public:
+    Own() = default;
+    explicit Own(std::u16string_view text) : p_(SysAllocStringLen(nullptr, static_cast<unsigned>(text.size()))) {
+        if (p_) std::copy(text.begin(), text.end(), p_);
+    }
+    Own(const Own&) = delete;
+    Own& operator=(const Own&) = delete;
+    ~Own() { Reset(); }
+    T* Out() {
+        Reset();
+        p_ = Poison<T>();
+        return &p_;
+    }
+    void Reset() {
+        if (p_ && p_ != Poison<T>()) Free(p_);
+        p_ = nullptr;
+    }
+    T operator->() const { return p_; }
+    operator T() const { return p_; }
+
+private:
+    T p_ = nullptr;
+};
+using Bstr = Own<BSTR>;
+
+// How a BSTR, and a selection that gave no node, show in expectations.
+inline Text Str(BSTR text) {
+    if (text == Poison<BSTR>()) return u"(unwritten)";
+    return text ? Text(text, text + SysStringLen(text)) : u"(null)";
+}
+inline const char16_t* Failure(HRESULT hr) {
+    return hr == S_FALSE ? u"(no match)" : hr == E_FAIL ? u"(E_FAIL)" : u"(other failure)";
 }
 
-class Bstr {
-public:
-    Bstr() = default;
-    explicit Bstr(std::u16string_view text) : str_(SysAllocStringLen(nullptr, static_cast<unsigned>(text.size()))) {
-        if (str_) std::copy(text.begin(), text.end(), str_);
-    }
-    Bstr(const Bstr&) = delete;
-    Bstr& operator=(const Bstr&) = delete;
-    ~Bstr() { Reset(); }
-    BSTR* Out() {
-        Reset();
-        str_ = Poison<BSTR>();
-        return &str_;
-    }
-    operator BSTR() const { return str_; }
-    Text Get() const {
-        if (str_ == Poison<BSTR>()) return u"(unwritten)";
-        return str_ ? Text(str_, str_ + SysStringLen(str_)) : u"(null)";
-    }
-
-private:
-    void Reset() {
-        if (str_ != Poison<BSTR>()) SysFreeString(str_);
-        str_ = nullptr;
-    }
-    BSTR str_ = nullptr;
-};
-
-template <typename I>
-class Ptr {
-public:
-    Ptr() = default;
-    Ptr(const Ptr&) = delete;
-    Ptr& operator=(const Ptr&) = delete;
-    ~Ptr() { Reset(); }
-    I** Out() {
-        Reset();
-        ptr_ = Poison<I*>();
-        return &ptr_;
-    }
-    void Reset() {
-        if (ptr_ && ptr_ != Poison<I*>()) ptr_->Release();
-        ptr_ = nullptr;
-    }
-    I* operator->() const { return ptr_; }
-    I* Get() const { return ptr_; }
-    explicit operator bool() const { return ptr_ != nullptr; }
-
-private:
-    I* ptr_ = nullptr;
-};
-
 inline VARIANT StringVariant(BSTR text) {
-    VARIANT v;
-    VariantInit(&v);
+    VARIANT v{};
     v.vt = VT_BSTR;
     v.bstrVal = text;
     return v;
@@ -86,35 +71,30 @@ inline VARIANT StringVariant(BSTR text) {
 
 // CoCreateInstance of the class, then async off, XPath, and the "iv" prefix bound, as the library does.
 inline HRESULT CreateDocument(const CLSID& clsid, IXMLDOMDocument2** document) {
-    *document = nullptr;
     HRESULT hr = CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, HMI_IID_IXMLDOMDocument2,
                                   reinterpret_cast<void**>(document));
     if (FAILED(hr)) return hr;
-    Bstr language(u"SelectionLanguage"), xpath(u"XPath"), namespaces(u"SelectionNamespaces");
-    Bstr binding(u"xmlns:iv='" DOMTEST_IV u"'");
-    if (!language || !xpath || !namespaces || !binding) hr = E_OUTOFMEMORY;
-    if (SUCCEEDED(hr)) hr = (*document)->put_async(VARIANT_FALSE);
-    if (SUCCEEDED(hr)) hr = (*document)->setProperty(language, StringVariant(xpath));
-    if (SUCCEEDED(hr)) hr = (*document)->setProperty(namespaces, StringVariant(binding));
-    if (FAILED(hr)) {
-        (*document)->Release();
-        *document = nullptr;
+    hr = (*document)->put_async(VARIANT_FALSE);
+    const char16_t* properties[][2] = {{u"SelectionLanguage", u"XPath"},
+                                       {u"SelectionNamespaces", u"xmlns:iv='" DOMTEST_IV u"'"}};
+    for (const auto& [name, value] : properties) {
+        Bstr n(name), v(value);
+        if (SUCCEEDED(hr)) hr = n && v ? (*document)->setProperty(n, StringVariant(v)) : E_OUTOFMEMORY;
     }
+    if (FAILED(hr)) (*document)->Release(), *document = nullptr;
     return hr;
 }
 
 // Wine's MSXML differs from Windows' in a few named places.
 inline bool RunsOnWine() {
 #ifdef _WIN32
-    HMODULE ntdll = GetModuleHandleW(L"ntdll.dll");
-    return ntdll && GetProcAddress(ntdll, "wine_get_version");
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
 #else
     return false;
 #endif
 }
 
-// The node's type as one letter: e element, a attribute, t text, c CDATA, p processing instruction,
-// m comment, d document.
+// The node's type as a letter: e element, a attribute, t text, c CDATA, p PI, m comment, d document.
 inline char Kind(IXMLDOMNode* node) {
     DOMNodeType type = NODE_INVALID;
     EXPECT_EQ(S_OK, node->get_nodeType(&type));
@@ -123,81 +103,74 @@ inline char Kind(IXMLDOMNode* node) {
 
 // "kind nodeName baseName prefix namespaceURI"; a name the node lacks is "(null)", answered with S_FALSE.
 inline Text NamesOf(IXMLDOMNode* node) {
-    Bstr name;
-    EXPECT_EQ(S_OK, node->get_nodeName(name.Out()));
-    Text names = Text(1, Kind(node)) + u" " + name.Get();
-    for (auto getter : {&IXMLDOMNode::get_baseName, &IXMLDOMNode::get_prefix, &IXMLDOMNode::get_namespaceURI}) {
+    Text names(1, Kind(node));
+    for (auto getter : {&IXMLDOMNode::get_nodeName, &IXMLDOMNode::get_baseName, &IXMLDOMNode::get_prefix,
+                        &IXMLDOMNode::get_namespaceURI}) {
         Bstr part;
         HRESULT hr = (node->*getter)(part.Out());
-        EXPECT_EQ(part.Get() == u"(null)" ? S_FALSE : S_OK, hr) << Show(names);
-        names += u" " + part.Get();
+        EXPECT_EQ(Str(part) == u"(null)" ? S_FALSE : S_OK, hr) << Show(names);
+        names += u" " + Str(part);
     }
     return names;
+}
+
+inline Text TextOf(IXMLDOMNode* node) {
+    Bstr text;
+    EXPECT_EQ(S_OK, node->get_text(text.Out()));
+    return Str(text);
+}
+
+// f of each item of a node list or attribute map, which ends where its length says.
+template <typename List, typename F>
+auto Each(const List& list, F f) {
+    LONG length = -1;
+    EXPECT_EQ(S_OK, list->get_length(&length));
+    std::vector<decltype(f(nullptr))> results;
+    for (LONG i = 0; i <= length; ++i) {
+        Own<IXMLDOMNode*> item;
+        EXPECT_EQ(i < length ? S_OK : S_FALSE, list->get_item(i, item.Out()));
+        if (item) results.push_back(f(item));
+    }
+    return results;
 }
 
 class DomTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        init_ = CoInitialize(nullptr);
-        ASSERT_EQ(S_OK, init_);
+        ASSERT_EQ(S_OK, CoInitialize(nullptr));
         Use(HMI_CLSID_DOMDocument60);
     }
     void TearDown() override {
-        if (doc_) doc_->Release();
-        if (init_ == S_OK) CoUninitialize();
+        doc_.Reset();
+        CoUninitialize();
     }
-    void Use(const CLSID& clsid) {
-        if (doc_) doc_->Release();
-        ASSERT_EQ(S_OK, CreateDocument(clsid, &doc_));
-    }
+    void Use(const CLSID& clsid) { ASSERT_EQ(S_OK, CreateDocument(clsid, doc_.Out())); }
 
-    // loadXML, checking that the result and the flag agree.
-    bool Load(const Text& xml) {
-        Bstr text(xml);
+    // loadXML, or load from a path or URL, checking that the result and the flag agree.
+    bool Load(const Text& source, bool file = false) {
+        Bstr text(source);
         VARIANT_BOOL loaded = 0x5A5A;
-        HRESULT hr = doc_->loadXML(text, &loaded);
+        HRESULT hr = file ? doc_->load(StringVariant(text), &loaded) : doc_->loadXML(text, &loaded);
         EXPECT_TRUE((hr == S_OK && loaded == VARIANT_TRUE) || (hr == S_FALSE && loaded == VARIANT_FALSE))
             << std::hex << hr << " " << loaded;
         return hr == S_OK;
     }
 
     // selectSingleNode on the document; S_FALSE must leave node null.
-    HRESULT Select(const Text& query, Ptr<IXMLDOMNode>& node) {
+    HRESULT Select(const Text& query, Own<IXMLDOMNode*>& node) {
         HRESULT hr = doc_->selectSingleNode(Bstr(query), node.Out());
-        if (hr == S_FALSE) {
-            EXPECT_EQ(nullptr, node.Get());
-        }
+        EXPECT_TRUE(hr != S_FALSE || !node);
         if (hr != S_OK) node.Reset();  // after a failure the out-parameter may hold anything
         return hr;
     }
-
-    static Text TextOf(IXMLDOMNode* node) {
-        Bstr text;
-        EXPECT_EQ(S_OK, node->get_text(text.Out()));
-        return text.Get();
-    }
-    Text TextOf(const Text& query) {
-        Ptr<IXMLDOMNode> node;
-        return Select(query, node) == S_OK ? TextOf(node.Get()) : u"(no match)";
+    // The text of the first match, or why there is none.
+    Text TextAt(const Text& query) {
+        Own<IXMLDOMNode*> node;
+        const HRESULT hr = Select(query, node);
+        return hr == S_OK ? TextOf(node) : Failure(hr);
     }
 
-    // Each attribute of the element as "names text"; the map ends where its length says.
-    static std::vector<Text> AttributesOf(IXMLDOMNode* element) {
-        Ptr<IXMLDOMNamedNodeMap> map;
-        LONG length = -1;
-        EXPECT_EQ(S_OK, element->get_attributes(map.Out()));
-        EXPECT_EQ(S_OK, map->get_length(&length));
-        std::vector<Text> attributes;
-        for (LONG i = 0; i <= length; ++i) {
-            Ptr<IXMLDOMNode> item;
-            EXPECT_EQ(i < length ? S_OK : S_FALSE, map->get_item(i, item.Out()));
-            if (item) attributes.push_back(NamesOf(item.Get()) + u" " + TextOf(item.Get()));
-        }
-        return attributes;
-    }
-
-    HRESULT init_ = E_FAIL;
-    IXMLDOMDocument2* doc_ = nullptr;
+    Own<IXMLDOMDocument2*> doc_;
 };
 
 }  // namespace domtest
