@@ -30,26 +30,20 @@ void OnFreshThread(Prepare prepare, After after) {
     }).join();
 }
 
-TEST(HMIComApartment, InitialisesAFreshThreadForTheCallOnly) {
+// A fresh thread is initialised for the call only; an initialisation that answered S_FALSE is never
+// undone; in a multithreaded apartment (RPC_E_CHANGED_MODE) the call proceeds and leaves it as it was.
+TEST(HMIComApartment, LeavesEachThreadAsItFoundIt) {
     OnFreshThread([] {}, [] { EXPECT_FALSE(ComInitialised()); });
-}
-
-TEST(HMIComApartment, NeverUndoesAnInitialisationThatAnsweredSFalse) {
-    OnFreshThread([] { ASSERT_EQ(CoInitialize(nullptr), S_OK); },
-                  [] {
-                      CoUninitialize();
-                      EXPECT_TRUE(ComInitialised()) << "the apartment's own S_FALSE initialisation remains";
-                      CoUninitialize();
-                  });
-}
-
-TEST(HMIComApartment, ProceedsInAMultithreadedApartmentAndLeavesIt) {
-    OnFreshThread([] { ASSERT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK); },
-                  [] {
-                      EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_FALSE);
-                      CoUninitialize();
-                      CoUninitialize();
-                  });
+    OnFreshThread([] { ASSERT_EQ(CoInitialize(nullptr), S_OK); }, [] {
+        CoUninitialize();
+        EXPECT_TRUE(ComInitialised()) << "the apartment's own S_FALSE initialisation remains";
+        CoUninitialize();
+    });
+    OnFreshThread([] { ASSERT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK); }, [] {
+        EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_FALSE);
+        CoUninitialize();
+        CoUninitialize();
+    });
 }
 
 }  // namespace

@@ -66,14 +66,6 @@ protected:
         ASSERT_TRUE(document_);
     }
 
-    // The first node the query selects, with the reference for the caller's owner.
-    static IXMLDOMNode* Select(IXMLDOMNode* context, const WCHAR* query) {
-        HMIBSTR text;
-        HMIComPtr<IXMLDOMNode> node;
-        EXPECT_TRUE(text.assign(query) && context->selectSingleNode(text.str, node.put()) == S_OK) << "selects";
-        return node.detach();
-    }
-
     HMIComPtr<IXMLDOMDocument2> document_;
 };
 
