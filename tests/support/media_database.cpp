@@ -11,7 +11,7 @@ WString W(const std::string& ascii) { return WString(ascii.begin(), ascii.end())
 
 WString MediumKey(DWORD mediaNumber, const char* leaf) {
     char text[64];
-    std::snprintf(text, sizeof text, "\\%08X\\%s", mediaNumber, leaf);
+    std::snprintf(text, sizeof text, "\\%08X\\%s", static_cast<unsigned>(mediaNumber), leaf);
     return kMediaKey + W(text);
 }
 
@@ -41,7 +41,7 @@ bool WriteMediaDocument(TestPrinter& printer, DWORD mediaNumber, const WString& 
     bool ok = true;
     for (size_t at = 0; ok && at < document.size(); at += chunkUnits, ++chunks) {
         char name[16];
-        std::snprintf(name, sizeof name, "%03u", chunks);
+        std::snprintf(name, sizeof name, "%03u", static_cast<unsigned>(chunks));
         const size_t units = std::min(chunkUnits, document.size() - at);
         ok = printer.Set(key.c_str(), W(name).c_str(), REG_BINARY, document.data() + at,
                          static_cast<DWORD>(units * sizeof(WCHAR)));
