@@ -4,10 +4,6 @@
 
 namespace hmitool {
 
-Printer::~Printer() {
-    if (handle_) ClosePrinter(handle_);
-}
-
 bool Printer::Open(const std::string& name, std::string* error) {
     WString wide = Widen(name);
     if (OpenPrinterW(&wide[0], &handle_, nullptr)) return true;
