@@ -6,9 +6,14 @@
 
 #include "printerdata/printer_data_read.h"
 
-HMIAccess::~HMIAccess() { delete popHeader; }
+HMIAccess::~HMIAccess() {
+    delete popHeader;
+    HMIDestroyMediaDetailDic(mediaDetailDic);
+}
 
 bool HMIAccess::Initialize() {
+    mediaDetailDic = new (std::nothrow) HMIXMLMediaDetailDic();
+    if (!mediaDetailDic) return false;
     std::unique_ptr<HMIPopHeader> database(new (std::nothrow) HMIPopHeader());
     if (!database) return false;
     if (printerHandle && !database->Load(printerHandle)) return false;
@@ -37,4 +42,9 @@ bool HMIAccess::GetAvailableMedia(_tagHMIAvailableMedia* buffer, size_t bufferBy
 
 bool HMIAccess::GetMediaInfoHeader(const WCHAR* mediaId, _tagHMIMediaInfoHeader* out) const {
     return popHeader && popHeader->GetMediaInfoHeader(mediaId, out);
+}
+
+HMIXMLMediaDetail* HMIAccess::FindOrLoadDetail(const WCHAR* mediaId) noexcept {
+    if (!popHeader || !mediaDetailDic) return nullptr;
+    return HMIFindOrLoadDetail(*mediaDetailDic, *popHeader, printerHandle, mediaId);
 }

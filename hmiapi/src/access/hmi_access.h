@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "platform/platform.h"
+#include "media/media_detail_cache.h"
 #include "printerdata/pop_header.h"
 
 class HMIAccess {
@@ -14,7 +15,8 @@ public:
     HMIAccess& operator=(const HMIAccess&) = delete;
     virtual ~HMIAccess();
 
-    // Builds the owned objects and, with a printer handle, loads the paper-type database.
+    // Builds the owned objects (the detail cache first) and, with a printer handle, loads the
+    // paper-type database.
     bool Initialize();
 
     void UpdatePrinterHandle(HANDLE printer) { printerHandle = printer; }
@@ -25,9 +27,13 @@ public:
     bool GetAvailableMedia(_tagHMIAvailableMedia* buffer, size_t bufferBytes, size_t* requiredBytes) const;
     bool GetMediaInfoHeader(const WCHAR* mediaId, _tagHMIMediaInfoHeader* out) const;
 
+    // The medium's option tree from the cache, loaded from the printer data on the first request.
+    HMIXMLMediaDetail* FindOrLoadDetail(const WCHAR* mediaId) noexcept;
+
 private:
     HANDLE printerHandle;
     HMIPopHeader* popHeader = nullptr;
+    HMIXMLMediaDetailDic* mediaDetailDic = nullptr;
 };
 
 #endif

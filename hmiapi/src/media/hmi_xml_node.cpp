@@ -41,6 +41,13 @@ bool Adopt(std::vector<HMIXMLNode*>& list, HMIXMLNode::Index& index, HMIXMLNode*
     return true;
 }
 
+// Equal names are kept in insertion order, and lower_bound finds the first of them (find may not).
+HMIXMLNode* FindFirst(const HMIXMLNode::Index& index, const WCHAR* key) noexcept {
+    if (!key) return nullptr;
+    auto it = index.lower_bound(key);
+    return it == index.end() || HMIStrLess()(key, it->first) ? nullptr : it->second;
+}
+
 }  // namespace
 
 uint64_t HMIStrSignature(const WCHAR* s) noexcept {
@@ -86,17 +93,9 @@ void HMIXMLNode::OnAddAttribute(HMIXMLNode*) {}
 
 bool HMIXMLNode::OnParsed() { return true; }
 
-HMIXMLNode* HMIXMLNode::FindAttribute(const WCHAR* key) const noexcept {
-    if (!key) return nullptr;
-    auto it = attributeIndex.find(key);
-    return it == attributeIndex.end() ? nullptr : it->second;
-}
+HMIXMLNode* HMIXMLNode::FindAttribute(const WCHAR* key) const noexcept { return FindFirst(attributeIndex, key); }
 
-HMIXMLNode* HMIXMLNode::FindChild(const WCHAR* key) const noexcept {
-    if (!key) return nullptr;
-    auto it = childIndex.find(key);
-    return it == childIndex.end() ? nullptr : it->second;
-}
+HMIXMLNode* HMIXMLNode::FindChild(const WCHAR* key) const noexcept { return FindFirst(childIndex, key); }
 
 bool HMIXMLNode::ParseNames(IXMLDOMNode* node) noexcept {
     if (!node) return DomFailure(this, HMI_W("(null node)"));

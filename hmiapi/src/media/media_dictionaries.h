@@ -1,7 +1,9 @@
-// The level dictionaries: each level's typed children by their type. They own nothing.
+// The level dictionaries: each level's typed children by their type, compared as signed 32-bit
+// integers so that any value a caller passes can be looked up. They own nothing.
 #ifndef HMI_MEDIA_DICTIONARIES_H
 #define HMI_MEDIA_DICTIONARIES_H
 
+#include <cstdint>
 #include <functional>
 
 #include "common/hmi_map.h"
@@ -13,12 +15,12 @@ class HMIXMLMediaPrintPurpose;
 class HMIXMLMediaPrintQuality;
 
 class HMIXMLMediaColorModeDic
-    : public HMIXMLMap<tagHMI_COLORMODE, const HMIXMLMediaColorMode*, 0, std::less<tagHMI_COLORMODE>> {};
+    : public HMIXMLMap<int32_t, const HMIXMLMediaColorMode*, 0, std::less<int32_t>> {};
 class HMIXMLMediaBorderlessModeDic
-    : public HMIXMLMap<_tagHMI_ONOFF, const HMIXMLMediaBorderlessMode*, 0, std::less<_tagHMI_ONOFF>> {};
+    : public HMIXMLMap<int32_t, const HMIXMLMediaBorderlessMode*, 0, std::less<int32_t>> {};
 class HMIXMLMediaPrintPurposeDic
-    : public HMIXMLMap<tagHMI_PRINTPURPOSE, const HMIXMLMediaPrintPurpose*, 0, std::less<tagHMI_PRINTPURPOSE>> {};
+    : public HMIXMLMap<int32_t, const HMIXMLMediaPrintPurpose*, 0, std::less<int32_t>> {};
 class HMIXMLMediaPrintQualityDic
-    : public HMIXMLMap<tagHMI_PRINTQUALITY, const HMIXMLMediaPrintQuality*, 0, std::less<tagHMI_PRINTQUALITY>> {};
+    : public HMIXMLMap<int32_t, const HMIXMLMediaPrintQuality*, 0, std::less<int32_t>> {};
 
 #endif
