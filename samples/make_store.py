@@ -27,6 +27,7 @@ MAX_MEDIA_ID = 64
 MAX_CHECKSUM = 32
 NUMBER_PATTERN = re.compile(r"[0-9A-F]{8}")
 DECLARATION = re.compile(r"\A<\?xml[^>]*\?>")
+CHECKSUM_ENTRY = re.compile(r'(<iv:papertype_info id="([^"]+)">.*?<iv:checksum>)[^<]*(</iv:checksum>)', re.S)
 
 
 class SourceError(Exception):
@@ -75,16 +76,32 @@ def read_database(path):
     return common, media
 
 
-def read_names(path):
+def name_items(root, tag, path):
     names = []
-    for item in ET.parse(path).getroot().iter(NS + "medianame_item"):
+    for item in root.iter(tag):
         language = item.get("language")
         if not language or not item.text:
             raise SourceError("%s: medianame_item needs a language and a name" % path)
         names.append((language, item.text))
-    if not names:
-        raise SourceError("%s: no medianame_item" % path)
     return names
+
+
+def read_names(path):
+    # Each name is written twice: namespaced for the single-name reader, in no namespace for the
+    # name-list reader. Both must say the same.
+    root = ET.parse(path).getroot()
+    names = name_items(root, NS + "medianame_item", path)
+    if not names:
+        raise SourceError("%s: no iv:medianame_item" % path)
+    if name_items(root, "medianame_item", path) != names:
+        raise SourceError("%s: the medianame_item elements in no namespace differ from the "
+                          "iv:medianame_item ones" % path)
+    return names
+
+
+def md5_of(path):
+    with open(path, "rb") as f:
+        return hashlib.md5(f.read()).hexdigest()
 
 
 def document_chunks(path, checksum):
@@ -92,7 +109,8 @@ def document_chunks(path, checksum):
         raw = f.read()
     actual = hashlib.md5(raw).hexdigest()
     if actual != checksum:
-        raise SourceError("%s: checksum is %s, database.xml says %s" % (path, actual, checksum))
+        raise SourceError("%s: checksum is %s, database.xml says %s (--update-checksums rewrites them)"
+                          % (path, actual, checksum))
     # The library parses the joined chunks as UTF-16 text; the declaration must not claim UTF-8.
     text = DECLARATION.sub('<?xml version="1.0" encoding="UTF-16"?>', raw.decode("utf-8"), count=1)
     data = text.encode("utf-16-le")
@@ -163,6 +181,21 @@ def build_store(source_dir):
     return reg.text()
 
 
+def update_checksums(source_dir):
+    """Rewrites every checksum in database.xml as the MD5 of its medium's media file."""
+    path = os.path.join(source_dir, "database.xml")
+    with open(path, encoding="utf-8") as f:
+        text = f.read()
+
+    def rewritten(match):
+        media_file = os.path.join(source_dir, "media", match.group(2) + ".xml")
+        return match.group(1) + md5_of(media_file) + match.group(3)
+
+    text = CHECKSUM_ENTRY.sub(rewritten, text)
+    with open(path, "w", encoding="utf-8", newline="\n") as f:
+        f.write(text)
+
+
 def main():
     here = os.path.dirname(os.path.abspath(__file__))
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
@@ -170,8 +203,12 @@ def main():
                         help="directory with database.xml, media/ and names/")
     parser.add_argument("output", nargs="?", default=os.path.join(here, "sample-printer.reg"),
                         help="store file to write")
+    parser.add_argument("--update-checksums", action="store_true",
+                        help="first rewrite the checksums in database.xml from the media files")
     args = parser.parse_args()
     try:
+        if args.update_checksums:
+            update_checksums(args.source)
         text = build_store(args.source)
     except (SourceError, ET.ParseError, OSError) as error:
         sys.exit("make_store: %s" % error)

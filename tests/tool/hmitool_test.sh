@@ -39,8 +39,48 @@ printf '\xff\xfeW\x00i\x00' >"$work/utf16.reg"
 check "truncated UTF-16 store" 2 'utf16.reg:1' "$tool" media "$work/utf16.reg"
 check "usage" 64 'usage' "$tool" media
 
+# show and media --all: the cascade through the exports, with every level's "all" fallback reached
+# by some sample medium, and the sample rejected on purpose reported with its reason.
+rejected=MetallicFilmNoThreeposition
+reason='printquality_rgb\[1\]: missing attribute "threeposition"'
+check "show marks a colour mode reached through all" 0 '^  printcolormode monochrome +\[all' \
+    "$tool" show "$store" TransparencyFilm
+check "show marks the default" 0 '^    borderlessprint ON \(default\)$' "$tool" show "$store" PhotoGlossyPro
+check "show leaves the others unmarked" 0 '^    borderlessprint OFF$' "$tool" show "$store" PhotoGlossyPro
+check "show of a rejected medium" 1 "$rejected: rejected: .*$reason" "$tool" show "$store" "$rejected"
+check "show of an unknown medium" 2 "Nope: no such medium" "$tool" show "$store" Nope
+check "media --all names the rejected medium" 1 "^  medium $rejected\$" "$tool" media --all "$store"
+check "media --all gives the reason" 1 "error: rejected: .*$reason" "$tool" media --all "$store"
+check "media --all shows the others" 1 '^  medium OtherPhotoPaper$' "$tool" media --all "$store"
+
+# Per kind of level, the names of the values served by an "all" node other than "all" itself.
+all_reached='[.. | objects | select(.all == true and .name != "all") | .kind] | unique | join(",")'
+"$tool" --json media --all "$store" >"$work/all.json" 2>/dev/null
+check "media --all --json parses" 0 '' jq -e '.children | length == 27' "$work/all.json"
+check "every level falls back to all" 0 \
+    '^"borderlessprint,print_purpose,printcolormode,printquality_cmyk_1DLUT,printquality_cmyk_4DLUT,printquality_index,printquality_rgb"$' \
+    jq "$all_reached" "$work/all.json"
+check "the rejected medium in json" 0 'missing attribute' \
+    jq -r ".children[] | select(.name == \"$rejected\") | .error" "$work/all.json"
+"$tool" --json show "$store" TransparencyFilm >"$work/show.json"
+check "show --json parses and marks all" 0 '^true$' \
+    jq '[.. | objects | select(.kind == "printcolormode" and .name == "monochrome")][0].all' "$work/show.json"
+
+# A copy of the sample whose transparency film keeps its colour node only: monochrome has no branch.
+cp -r "$samples/sample-printer" "$work/copy"
+sed -i 's/<printcolormode type="all">/<printcolormode type="color">/' "$work/copy/media/TransparencyFilm.xml"
+python3 "$samples/make_store.py" --update-checksums "$work/copy" "$work/copy.reg"
+check "a value without a node has no branch" 0 '^  printcolormode monochrome \(no branch\)$' \
+    "$tool" show "$work/copy.reg" TransparencyFilm
+sed -i 's|<medianame_item language="de">Transparentfolie<|<medianame_item language="de">Folie<|' \
+    "$work/copy/names/TransparencyFilm.xml"
+check "make_store refuses names that disagree" 1 'differ' python3 "$samples/make_store.py" "$work/copy" "$work/x.reg"
+
 for f in "$samples"/sample-printer/media/*.xml; do
-    check "sample $(basename "$f") is accepted" 0 'ok' "$tool" check "$f"
+    case $(basename "$f" .xml) in
+    "$rejected") check "sample $rejected is rejected" 1 "^rejected: .*$reason" "$tool" check "$f" ;;
+    *) check "sample $(basename "$f") is accepted" 0 'ok' "$tool" check "$f" ;;
+    esac
 done
 
 echo "$passed passed, $failed failed"

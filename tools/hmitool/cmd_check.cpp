@@ -20,10 +20,8 @@ int RunCheck(const std::vector<std::string>& args, const Options& options) {
             if (options.json) {
                 std::printf("{\"accepted\": false, \"element\": %s, \"reason\": %s}\n",
                             JsonQuote(file.rejectedElement()).c_str(), JsonQuote(file.rejectionReason()).c_str());
-            } else if (file.rejectedElement().empty()) {
-                std::printf("rejected: %s\n", file.rejectionReason().c_str());
             } else {
-                std::printf("rejected: %s: %s\n", file.rejectedElement().c_str(), file.rejectionReason().c_str());
+                std::printf("rejected: %s\n", file.Rejection().c_str());
             }
             return kRejected;
         case MediumFile::Outcome::kBuilt:

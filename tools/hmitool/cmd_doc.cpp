@@ -4,10 +4,7 @@
 
 #include "command.h"
 #include "database.h"
-#include "printerdata/media_info_document.h"
-#include "printerdata/printer_data_read.h"
-#include "xml/hmi_com_apartment.h"
-#include "xml/hmi_com_ptr.h"
+#include "stored_document.h"
 #include "xml_print.h"
 
 namespace hmitool {
@@ -16,23 +13,10 @@ namespace {
 int RunDoc(const std::vector<std::string>& args, const Options& options) {
     Database db;
     if (!db.Open(args[0])) return kUnreadable;
-    _tagHMIMediaInfoHeader header;
-    if (!HMIGetMediaInfoHeader(db.access(), Widen(args[1]).c_str(), &header)) {
-        std::fprintf(stderr, "hmitool: no medium '%s' in the database of '%s'\n", args[1].c_str(), args[0].c_str());
-        return kUnreadable;
-    }
-    WCHAR key[HMI_KEY_NAME_CAPACITY];
-    HMIComApartment com;
-    if (!com.ok() || !FormatMediumKey(key, header.media_number, HMI_W("HMI"))) {
-        std::fprintf(stderr, "hmitool: COM cannot be initialised\n");
-        return kUnreadable;
-    }
-    HMIComPtr<IXMLDOMDocument2> document(LoadMediaInfoDocument(db.printer(), key));
-    if (!document) {
-        std::fprintf(stderr,
-                     "hmitool: the media-information document under %s is missing, incomplete or not "
-                     "well-formed\n",
-                     Narrow(key).c_str());
+    StoredDocument document;
+    std::string error;
+    if (document.Load(db, args[1], &error) != kOk) {
+        std::fprintf(stderr, "hmitool: %s: %s\n", args[1].c_str(), error.c_str());
         return kUnreadable;
     }
     std::string xml;
@@ -41,7 +25,7 @@ int RunDoc(const std::vector<std::string>& args, const Options& options) {
         return kUnreadable;
     }
     if (options.json) {
-        std::printf("{\"key\": %s, \"document\": %s}\n", JsonQuote(Narrow(key)).c_str(), JsonQuote(xml).c_str());
+        std::printf("{\"key\": %s, \"document\": %s}\n", JsonQuote(document.key()).c_str(), JsonQuote(xml).c_str());
     } else {
         std::fputs(xml.c_str(), stdout);
     }

@@ -1,9 +1,13 @@
-// hmitool media PRINTER: the common information and every medium's header.
+// hmitool media PRINTER: the common information and every medium's header; with --all, every
+// medium's option cascade instead, and the reason for each medium the library does not load.
+#include <algorithm>
 #include <cstdio>
 #include <string>
 
+#include "cascade_writer.h"
 #include "command.h"
 #include "database.h"
+#include "stored_document.h"
 
 namespace hmitool {
 namespace {
@@ -53,9 +57,35 @@ void PrintJson(const _tagHMICommonInfo& info, const std::vector<WString>& ids, c
     std::printf("\n]}\n");
 }
 
+int WriteEveryCascade(const std::string& printerName, const Database& db, bool json) {
+    OutlineWriter out(json);
+    out.Open("printer", printerName, false);
+    int result = kOk;
+    size_t unloaded = 0;
+    const std::vector<WString> ids = db.MediaIds();
+    for (const WString& id : ids) {
+        const std::string name = Narrow(id.c_str());
+        if (HMIXMLMediaDetail* detail = HMIFilterMedia(db.access(), id.c_str())) {
+            WriteCascade(out, db.access(), detail, name);
+            continue;
+        }
+        std::string reason;
+        result = std::max<int>(result, ExplainUnloadedMedium(db, name, &reason));
+        ++unloaded;
+        out.Open("medium", name, false);
+        out.Scalar("error", reason);
+        out.Close();
+    }
+    out.Close();
+    std::fputs(out.str().c_str(), stdout);
+    if (unloaded) std::fprintf(stderr, "hmitool: %zu of %zu media not loaded\n", unloaded, ids.size());
+    return result;
+}
+
 int RunMedia(const std::vector<std::string>& args, const Options& options) {
     Database db;
     if (!db.Open(args[0])) return kUnreadable;
+    if (options.all) return WriteEveryCascade(args[0], db, options.json);
     _tagHMICommonInfo info;
     if (!HMIGetCommonInfo(db.access(), &info)) {
         std::fprintf(stderr, "hmitool: no common information in '%s'\n", args[0].c_str());
@@ -72,6 +102,8 @@ int RunMedia(const std::vector<std::string>& args, const Options& options) {
 
 }  // namespace
 
-HMITOOL_COMMAND("media", "PRINTER", "the database's common information and every medium's header", RunMedia);
+HMITOOL_COMMAND("media", "PRINTER",
+                "the database's common information and every medium's header; with --all every medium's cascade",
+                RunMedia);
 
 }  // namespace hmitool

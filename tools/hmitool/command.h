@@ -13,6 +13,7 @@ enum ExitCode { kOk = 0, kRejected = 1, kUnreadable = 2, kUsage = 64 };
 
 struct Options {
     bool json = false;
+    bool all = false;  // media: every medium's cascade instead of the headers
 };
 
 struct Command {

@@ -16,7 +16,7 @@ std::vector<Command>& Commands() {
 }
 
 void PrintUsage(FILE* out) {
-    std::fprintf(out, "usage: hmitool [--json] COMMAND ARGS...\n\ncommands:\n");
+    std::fprintf(out, "usage: hmitool [--json] [--all] COMMAND ARGS...\n\ncommands:\n");
     for (const Command& c : Commands()) std::fprintf(out, "  %s %s\n      %s\n", c.name, c.usage, c.summary);
 }
 
@@ -50,6 +50,8 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--json") == 0) {
             options.json = true;
+        } else if (std::strcmp(argv[i], "--all") == 0) {
+            options.all = true;
         } else if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
             PrintUsage(stdout);
             return kOk;

@@ -29,13 +29,21 @@ MediumFile::Outcome MediumFile::Load(const std::string& path) {
     if (!com.ok()) return Outcome::kUnreadable;
     HMIComPtr<IXMLDOMDocument2> document(HMILoadXMLFile(Widen(path).c_str()));
     if (!document) return Outcome::kUnreadable;
+    return Parse(document.get());
+}
+
+MediumFile::Outcome MediumFile::Parse(IXMLDOMDocument2* document) {
     FirstRejection rejection;
     detail_ = std::make_unique<HMIXMLMediaDetail>();
-    if (detail_->ParseDocument(document.get(), &rejection)) return Outcome::kBuilt;
+    if (detail_->ParseDocument(document, &rejection)) return Outcome::kBuilt;
     detail_.reset();
     rejectedElement_ = rejection.element;
     rejectionReason_ = rejection.reason;
     return Outcome::kRejected;
+}
+
+std::string MediumFile::Rejection() const {
+    return rejectedElement_.empty() ? rejectionReason_ : rejectedElement_ + ": " + rejectionReason_;
 }
 
 }  // namespace hmitool

@@ -16,6 +16,8 @@ public:
 
     // Loads path inside a COM bracket and builds the tree of its first medium.
     Outcome Load(const std::string& path);
+    // Builds the tree of the first medium of a loaded document; kBuilt or kRejected.
+    Outcome Parse(IXMLDOMDocument2* document);
 
     static std::string UnreadableMessage(const std::string& path);
 
@@ -23,6 +25,8 @@ public:
     // Set after kRejected: the element, as a path from "medium", and what is wrong with it.
     const std::string& rejectedElement() const { return rejectedElement_; }
     const std::string& rejectionReason() const { return rejectionReason_; }
+    // "element: reason", or the reason alone when no element is named.
+    std::string Rejection() const;
 
 private:
     std::unique_ptr<HMIXMLMediaDetail> detail_;

@@ -14,17 +14,19 @@ std::string Joined(const std::vector<std::string>& values) {
 
 }  // namespace
 
-void OutlineWriter::Open(const std::string& kind, const std::string& name, bool all) {
+void OutlineWriter::Open(const std::string& kind, const std::string& name, NodeMarks marks) {
     if (json_) {
         if (!depth_.empty()) {
             out_ += depth_.back() ? ", " : ", \"children\": [";
             depth_.back() = true;
         }
         out_ += "{\"kind\": " + JsonQuote(kind) + ", \"name\": " + JsonQuote(name) +
-                ", \"all\": " + (all ? "true" : "false");
+                ", \"all\": " + (marks.all ? "true" : "false") + (marks.isDefault ? ", \"default\": true" : "") +
+                (marks.noBranch ? ", \"branch\": false" : "");
     } else {
-        out_ += Indent() + kind + (name.empty() ? "" : " " + name) +
-                (all ? "  [all: serves every value without a node of its own]" : "") + "\n";
+        out_ += Indent() + kind + (name.empty() ? "" : " " + name) + (marks.isDefault ? " (default)" : "") +
+                (marks.noBranch ? " (no branch)" : "") +
+                (marks.all ? "  [all: serves every value without a node of its own]" : "") + "\n";
     }
     depth_.push_back(false);
 }

@@ -7,13 +7,22 @@
 
 namespace hmitool {
 
+// How a node was reached. all: the node serves every value without a node of its own; isDefault: the
+// value is its level's default; noBranch: the value has no node at all, not even an "all" one.
+struct NodeMarks {
+    bool all = false;
+    bool isDefault = false;
+    bool noBranch = false;
+};
+
 class OutlineWriter {
 public:
     explicit OutlineWriter(bool json) : json_(json) {}
 
-    // A node: "kind name" in the outline; {"kind": ..., "name": ..., "all": ...} in JSON. "all" marks
-    // the node that serves every value without a node of its own. Fields come before child nodes.
-    void Open(const std::string& kind, const std::string& name, bool all);
+    // A node: "kind name" in the outline; {"kind": ..., "name": ..., "all": ...} in JSON, with
+    // "default": true and "branch": false only when so marked. Fields come before child nodes.
+    void Open(const std::string& kind, const std::string& name, NodeMarks marks);
+    void Open(const std::string& kind, const std::string& name, bool all) { Open(kind, name, NodeMarks{all}); }
     void Close();
 
     void Scalar(const std::string& field, const std::string& value);
