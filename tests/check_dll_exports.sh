@@ -1,9 +1,21 @@
 #!/usr/bin/env bash
-# XRVHMI.dll exports exactly what its .def lists and imports only Windows system DLLs.
+# XRVHMI.dll exports exactly DllMain and the 29 entry points, as its .def lists them, and imports only
+# Windows system DLLs.
 set -euo pipefail
 dll=$1 def=$2
 dump=$(x86_64-w64-mingw32-objdump -p "$dll")
+full=$(printf '%s\n' DllMain HMIOpen HMIUpdatePrinterHandle HMIClose \
+  HMIGetCommonInfo HMIGetCommonInfoFile HMIGetAvailableMedia HMIGetAvailableMediaFile \
+  HMIGetMediaInfoHeader HMIGetMediaInfoHeaderFile HMIGetMediaName HMIGetMediaNameFile HMIEnumMediaNamesFile \
+  HMIFilterMedia HMIFilterMediaFile HMICloseMediaFile HMIGetMediaInfo HMIGetMediaInfoDirect \
+  HMIGetAvailableColorMode HMIFilterColorMode HMIFilterColorModeDirect \
+  HMIGetAvailableBorderless HMIFilterBorderless HMIFilterBorderlessDirect \
+  HMIGetAvailablePrintPurpose HMIFilterPrintPurpose HMIFilterPrintPurposeDirect HMIGetPrintPurposeInfo \
+  HMIGetAvailablePrintQuality HMIGetPrintQualityInfo | sort)
 want=$(sed -n '/^EXPORTS/,$p' "$def" | tail -n +2 | awk 'NF {print $1}' | sort)
+if [ "$full" != "$want" ]; then
+  echo "$def differs from the full export list:"; diff <(echo "$full") <(echo "$want") || true; exit 1
+fi
 have=$(printf '%s\n' "$dump" | awk '/\[Ordinal\/Name Pointer\] Table/ {t=1; next} t && /^\t\[/ {print $NF; next} t && !/^\t/ {t=0}' | sort)
 if [ "$want" != "$have" ]; then
   echo "exports differ from $def:"; diff <(echo "$want") <(echo "$have") || true; exit 1

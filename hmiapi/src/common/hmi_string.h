@@ -32,4 +32,13 @@ bool HMIBoundedCopy(WCHAR (&dst)[N], const WCHAR* src) noexcept {
     return HMIBoundedCopy(dst, N, src);
 }
 
+// The File readers' bounded copy: as HMIBoundedCopy when src fits; otherwise dst receives the first
+// capacity units of src and then its first unit is zeroed, and the copy fails.
+bool HMIBoundedCopyFile(WCHAR* dst, size_t capacity, const WCHAR* src) noexcept;
+
+template <size_t N>
+bool HMIBoundedCopyFile(WCHAR (&dst)[N], const WCHAR* src) noexcept {
+    return HMIBoundedCopyFile(dst, N, src);
+}
+
 #endif

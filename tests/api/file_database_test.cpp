@@ -1,0 +1,185 @@
+// HMIGetCommonInfoFile, HMIGetAvailableMediaFile and HMIGetMediaInfoHeaderFile through the library,
+// from files the tests write; records poisoned first and compared byte for byte.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <optional>
+#include <vector>
+
+#include "unit/file/file_test_files.h"
+
+namespace hmitest {
+namespace {
+
+constexpr unsigned char kPoison = 0xCD;
+constexpr WCHAR kPoisonUnit = 0xCDCD;
+
+// Sets a field from an ASCII picture of its units: '~' leaves a unit as it was, "\0" zeroes it.
+template <size_t N>
+void Picture(WCHAR (&field)[N], const std::string& units) {
+    ASSERT_LE(units.size(), N);
+    for (size_t i = 0; i < units.size(); ++i) {
+        if (units[i] != '~') field[i] = static_cast<WCHAR>(units[i]);
+    }
+}
+
+template <typename Record>
+Record Poisoned() {
+    Record record;
+    std::memset(&record, kPoison, sizeof record);
+    return record;
+}
+
+template <typename Record>
+void ExpectBytes(const Record& have, const Record& want) {
+    EXPECT_EQ(std::memcmp(&have, &want, sizeof have), 0);
+}
+
+std::string Chars(size_t n, char first = 'a') {
+    std::string text;
+    for (size_t i = 0; i < n; ++i) text += static_cast<char>(first + i % 26);
+    return text;
+}
+
+std::string Z(const std::string& text) { return text + std::string(1, '\0'); }
+
+class FileDatabase : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_NE(access, nullptr); }
+    void TearDown() override { HMIClose(access); }
+
+    TestFiles files;
+    HMIAccess* access = HMIOpen(nullptr);
+};
+
+TEST_F(FileDatabase, CommonInfoWrittenFieldByFieldInPlace) {
+    const struct {
+        const char* name;
+        std::string body;
+        BOOL result;
+        std::optional<float> version;
+        std::string product, time;  // pictures, see Picture
+    } cases[] = {
+        {"all fit", "<iv:db_format_ver>1.5</iv:db_format_ver><iv:product_id>ABCDEFGH</iv:product_id>"
+                    "<iv:pop-db-time>" + Chars(19) + "</iv:pop-db-time>",
+         TRUE, 1.5f, Z("ABCDEFGH"), Z(Chars(19))},
+        {"one unit too long each", "<iv:c><iv:db_format_ver>x2</iv:db_format_ver></iv:c><iv:product_id>ABCDEFGHI"
+                                   "</iv:product_id><iv:pop-db-time>" + Chars(20) + "</iv:pop-db-time>",
+         TRUE, 0.0f, std::string(1, '\0') + "BCDEFGHI", std::string(1, '\0') + Chars(20).substr(1)},
+        {"short texts leave the rest", "<iv:pop-db-time>t</iv:pop-db-time><iv:product_id>X'\"</iv:product_id>"
+                                       "<iv:db_format_ver>2.25abc</iv:db_format_ver><iv:db_format_ver>9</iv:db_format_ver>",
+         TRUE, 2.25f, Z("X'\""), Z("t")},
+        {"no time", "<iv:db_format_ver>3</iv:db_format_ver><iv:product_id>P</iv:product_id><pop-db-time>t</pop-db-time>",
+         FALSE, 3.0f, Z("P"), ""},
+        {"empty product", "<iv:db_format_ver>3</iv:db_format_ver><iv:product_id/><iv:pop-db-time>t</iv:pop-db-time>",
+         FALSE, 3.0f, "", ""},
+        {"no version", "<iv:product_id>P</iv:product_id><iv:pop-db-time>t</iv:pop-db-time>", FALSE, {}, "", ""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const WString path = files.Write("common", MediaXml(c.body));
+        auto have = Poisoned<_tagHMICommonInfo>();
+        EXPECT_EQ(HMIGetCommonInfoFile(access, path.c_str(), &have), c.result);
+        auto want = Poisoned<_tagHMICommonInfo>();
+        if (c.version) want.db_format_ver = *c.version;
+        Picture(want.product_id, c.product);
+        Picture(want.pop_db_time, c.time);
+        ExpectBytes(have, want);
+    }
+}
+
+// Sizes around 16 + 130 x 3 = 406; the media list zero-fills the whole buffer it is given.
+TEST_F(FileDatabase, AvailableMediaSizesAndEntries) {
+    const std::string id64 = Chars(64), id65 = Chars(65, 'A');
+    const WString path = files.Write("media", MediaXml(
+        PaperType(id64, "") + "<iv:papertype_info/><iv:g>" + PaperType(id65, "") + "</iv:g>" +
+        PaperType("", "") + PaperType("q&quot;'", "") + "<papertype_info id=\"none\"/>" + PaperType("q&quot;'", "")));
+    const size_t required = 16 + 130 * 6;
+    for (const size_t bytes : {size_t{0}, required - 1, required, required + 9}) {
+        SCOPED_TRACE(bytes);
+        std::vector<unsigned char> block(bytes + 8, kPoison);
+        auto* media = bytes ? reinterpret_cast<_tagHMIAvailableMedia*>(block.data()) : nullptr;
+        size_t reported = 7;
+        ASSERT_EQ(HMIGetAvailableMediaFile(access, path.c_str(), media, bytes, &reported), bytes >= required);
+        std::vector<unsigned char> want(bytes + 8, kPoison);
+        if (bytes >= required) {
+            std::fill(want.begin(), want.begin() + bytes, 0);
+            const uint64_t count = 4;
+            const auto* ids = reinterpret_cast<const unsigned char*>(block.data() + 16);
+            std::memcpy(want.data(), &count, 8);
+            std::memcpy(want.data() + 8, &ids, 8);
+            const std::string entries[] = {id64, std::string(1, '\0') + id65.substr(1), "q\"'", "q\"'"};
+            for (size_t i = 0; i < 4; ++i) {
+                for (size_t k = 0; k < entries[i].size(); ++k) {
+                    const WCHAR unit = static_cast<WCHAR>(entries[i][k]);
+                    std::memcpy(want.data() + 16 + 130 * i + 2 * k, &unit, 2);
+                }
+            }
+        }
+        EXPECT_EQ(block, want);
+        EXPECT_EQ(reported, bytes >= required ? 7u : required);
+    }
+    size_t reported = 7;
+    EXPECT_EQ(HMIGetAvailableMediaFile(access, path.c_str(), nullptr, 0, nullptr), FALSE);
+    const WString none = files.Write("none", MediaXml("<papertype_info id=\"x\"/><iv:papertype_info_list/>"));
+    _tagHMIAvailableMedia empty{};
+    EXPECT_EQ(HMIGetAvailableMediaFile(access, none.c_str(), &empty, sizeof empty, &reported), FALSE);
+    EXPECT_EQ(reported, 7u);
+}
+
+TEST_F(FileDatabase, MediaInfoHeaderOfTheElementWithThatId) {
+    const std::string id64 = Chars(64), id300 = Chars(300, 'A'), sum32 = Chars(32, 'K');
+    const std::string ok = "<iv:visible>ON</iv:visible><iv:checksum>" + sum32 + "</iv:checksum>";
+    const WString path = files.Write("headers", MediaXml(
+        PaperType("NoSum", "<iv:visible>ON</iv:visible>") + PaperType("Nested", "<iv:g>" + ok + "</iv:g>") +
+        PaperType("lower", "<iv:visible>on</iv:visible><iv:checksum>s</iv:checksum>") +
+        PaperType("word", "<iv:visible>ONE</iv:visible><iv:checksum>" + Chars(33, 'K') + "</iv:checksum>") +
+        PaperType("NoVisible", "<visible>ON</visible><iv:checksum>s</iv:checksum>") +
+        PaperType(id64, ok) + PaperType(id300, ok) + PaperType("it's", ok) + PaperType("q&quot;", ok) +
+        "<iv:checksum>stray</iv:checksum>"));
+    const struct {
+        std::string id;
+        BOOL result;
+        std::string idPicture;
+        std::optional<BOOL> visible;
+        std::string checksum;
+    } cases[] = {
+        {"Nested", TRUE, Z("Nested"), TRUE, Z(sum32)},
+        {"lower", TRUE, Z("lower"), FALSE, Z("s")},
+        {"word", TRUE, Z("word"), FALSE, std::string(1, '\0') + Chars(33, 'K').substr(1)},
+        {id64, TRUE, Z(id64), TRUE, Z(sum32)},
+        {id300, TRUE, std::string(1, '\0') + id300.substr(1, 64), TRUE, Z(sum32)},
+        {"it's", TRUE, Z("it's"), TRUE, Z(sum32)},
+        {"NoSum", FALSE, Z("NoSum"), TRUE, ""},
+        {"NoVisible", FALSE, Z("NoVisible"), {}, ""},
+        {"nested", FALSE, "", {}, ""},
+        {"q\"", FALSE, "", {}, ""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.id.substr(0, 12));
+        auto have = Poisoned<_tagHMIMediaInfoHeader>();
+        EXPECT_EQ(HMIGetMediaInfoHeaderFile(access, path.c_str(), W(c.id).c_str(), &have), c.result);
+        auto want = Poisoned<_tagHMIMediaInfoHeader>();
+        Picture(want.id, c.idPicture);
+        if (!c.idPicture.empty()) want.valid = 4, want.media_number = 0;
+        if (c.visible) want.visible = *c.visible;
+        Picture(want.checksum, c.checksum);
+        ExpectBytes(have, want);
+    }
+}
+
+TEST_F(FileDatabase, Utf16File) {
+    const WString text = HMI_W("<?xml version=\"1.0\" encoding=\"UTF-16\"?><iv:r xmlns:iv=\"") +
+                         WString(HMI_MEDIA_NAMESPACE) + HMI_W("\"><iv:product_id>") + HMI_W("\x7D19") +
+                         HMI_W("-1</iv:product_id><iv:pop-db-time>") + HMI_W("\x00E9") +
+                         HMI_W("</iv:pop-db-time><iv:db_format_ver>4</iv:db_format_ver></iv:r>");
+    const WString path = files.Write("utf16", Utf16File(text));
+    _tagHMICommonInfo info{};
+    ASSERT_EQ(HMIGetCommonInfoFile(access, path.c_str(), &info), TRUE);
+    EXPECT_EQ(WString(info.product_id), WString(HMI_W("\x7D19")) + HMI_W("-1"));
+    EXPECT_EQ(WString(info.pop_db_time), HMI_W("\x00E9"));
+    EXPECT_EQ(info.db_format_ver, 4.0f);
+}
+
+}  // namespace
+}  // namespace hmitest
