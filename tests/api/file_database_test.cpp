@@ -12,7 +12,6 @@ namespace hmitest {
 namespace {
 
 constexpr unsigned char kPoison = 0xCD;
-constexpr WCHAR kPoisonUnit = 0xCDCD;
 
 // Sets a field from an ASCII picture of its units: '~' leaves a unit as it was, "\0" zeroes it.
 template <size_t N>
@@ -33,12 +32,6 @@ Record Poisoned() {
 template <typename Record>
 void ExpectBytes(const Record& have, const Record& want) {
     EXPECT_EQ(std::memcmp(&have, &want, sizeof have), 0);
-}
-
-std::string Chars(size_t n, char first = 'a') {
-    std::string text;
-    for (size_t i = 0; i < n; ++i) text += static_cast<char>(first + i % 26);
-    return text;
 }
 
 std::string Z(const std::string& text) { return text + std::string(1, '\0'); }

@@ -11,12 +11,6 @@ namespace {
 
 constexpr WCHAR kPoisonUnit = 0xCDCD;
 
-std::string Chars(size_t n, char first = 'a') {
-    std::string text;
-    for (size_t i = 0; i < n; ++i) text += static_cast<char>(first + i % 26);
-    return text;
-}
-
 class FileMedia : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_NE(access, nullptr); }
@@ -149,15 +143,6 @@ TEST_F(FileMedia, NameReadersFindTheirOwnNamespaceOnly) {
     EXPECT_EQ(required, 16u + 136);
     EXPECT_EQ(Name(prefixed, "en", 2), TRUE);
     EXPECT_EQ(Name(plain, "en", 2), FALSE);
-}
-
-TEST_F(FileMedia, NamesFromAUtf16File) {
-    const WString text = HMI_W("<r xmlns:iv=\"") + WString(HMI_MEDIA_NAMESPACE) +
-                         HMI_W("\"><iv:medianame_item language=\"ja\">") + HMI_W("\x7D19") +
-                         HMI_W("</iv:medianame_item></r>");
-    const WString path = files.Write("utf16", Utf16File(text));
-    ASSERT_EQ(Name(path, "ja", 2), TRUE);
-    EXPECT_EQ(WString(buffer.data()), HMI_W("\x7D19"));
 }
 
 // A medium with a colour branch and an "all" branch.

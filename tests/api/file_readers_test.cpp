@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 #include <vector>
 
 #include "dom/dom_fixture.h"
@@ -12,63 +11,21 @@
 namespace hmitest {
 namespace {
 
-// One reader called on a path with poisoned outputs: whether it answered, and whether it left the
-// caller's memory as it was.
+// Calls read with its outputs poisoned: whether it answered, and whether it left them as they were.
 struct Answer {
     bool answered;
     bool untouched;
 };
-using Reader = std::function<Answer(HMIAccess*, const WCHAR*)>;
 
-template <typename T>
-bool Poisoned(const T& memory) {
-    return std::all_of(reinterpret_cast<const unsigned char*>(&memory),
-                       reinterpret_cast<const unsigned char*>(&memory) + sizeof memory,
-                       [](unsigned char byte) { return byte == 0xCD; });
-}
-
-template <typename T, typename Call>
-Answer WithPoisoned(Call call) {
-    T out;
+Answer Call(const FileReader& read, HMIAccess* access, const WCHAR* path) {
+    std::vector<unsigned char> out(kOutBytes, 0xCD);
     size_t required = 0xCDCDCDCDCDCDCDCDu;
-    std::memset(&out, 0xCD, sizeof out);
-    const BOOL result = call(&out, &required);
-    return {result == TRUE, Poisoned(out) && Poisoned(required)};
+    const bool answered = read(access, path, out.data(), &required);
+    const bool untouched = std::all_of(out.begin(), out.end(), [](unsigned char byte) { return byte == 0xCD; });
+    return {answered, untouched && required == 0xCDCDCDCDCDCDCDCDu};
 }
 
-const std::vector<std::pair<const char*, Reader>>& Readers() {
-    static const std::vector<std::pair<const char*, Reader>> readers = {
-        {"common info", [](HMIAccess* a, const WCHAR* p) {
-             return WithPoisoned<_tagHMICommonInfo>([&](auto* out, size_t*) { return HMIGetCommonInfoFile(a, p, out); });
-         }},
-        {"media list", [](HMIAccess* a, const WCHAR* p) {
-             return WithPoisoned<unsigned char[1024]>([&](auto* out, size_t* required) {
-                 return HMIGetAvailableMediaFile(a, p, reinterpret_cast<_tagHMIAvailableMedia*>(out), 1024, required);
-             });
-         }},
-        {"header", [](HMIAccess* a, const WCHAR* p) {
-             return WithPoisoned<_tagHMIMediaInfoHeader>(
-                 [&](auto* out, size_t*) { return HMIGetMediaInfoHeaderFile(a, p, HMI_W("A"), out); });
-         }},
-        {"name", [](HMIAccess* a, const WCHAR* p) {
-             return WithPoisoned<WCHAR[8]>(
-                 [&](auto* out, size_t* required) { return HMIGetMediaNameFile(a, p, HMI_W("en"), *out, 8, required); });
-         }},
-        {"name list", [](HMIAccess* a, const WCHAR* p) {
-             return WithPoisoned<unsigned char[1024]>([&](auto* out, size_t* required) {
-                 return HMIEnumMediaNamesFile(a, p, reinterpret_cast<_tagHMIMediaNameList*>(out), 1024, required);
-             });
-         }},
-        {"detail", [](HMIAccess* a, const WCHAR* p) {
-             HMIXMLMediaDetail* detail = HMIFilterMediaFile(a, HMI_W("A"), p);
-             HMICloseMediaFile(a, detail);
-             return Answer{detail != nullptr, true};
-         }},
-    };
-    return readers;
-}
-
-class FileReaders : public ::testing::Test {
+class FileReaderFrame : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_NE(access, nullptr); }
     void TearDown() override { HMIClose(access); }
@@ -77,12 +34,12 @@ protected:
     HMIAccess* access = HMIOpen(nullptr);
 };
 
-TEST_F(FileReaders, EveryReaderAnswersFromOneFileButNotWithoutHandleOrPath) {
+TEST_F(FileReaderFrame, EveryReaderAnswersFromOneFileButNotWithoutHandleOrPath) {
     const WString path = files.Write("every", MediaXml(EveryReaderBody()));
-    for (const auto& [name, read] : Readers()) {
+    for (const auto& [name, read] : FileReaders()) {
         SCOPED_TRACE(name);
-        EXPECT_TRUE(read(access, path.c_str()).answered);
-        const Answer noHandle = read(nullptr, path.c_str()), noPath = read(access, nullptr);
+        EXPECT_TRUE(Call(read, access, path.c_str()).answered);
+        const Answer noHandle = Call(read, nullptr, path.c_str()), noPath = Call(read, access, nullptr);
         EXPECT_FALSE(noHandle.answered || noPath.answered);
         EXPECT_TRUE(noHandle.untouched && noPath.untouched);
     }
@@ -98,12 +55,12 @@ TEST_F(FileReaders, EveryReaderAnswersFromOneFileButNotWithoutHandleOrPath) {
 
 // XML input is hostile: the readers inherit the loader's refusal of DTDs, external entities and
 // documents nested beyond its depth limit, and fail on what cannot be read.
-TEST_F(FileReaders, HostileAndUnreadableFilesAnswerNothing) {
+TEST_F(FileReaderFrame, HostileAndUnreadableFilesAnswerNothing) {
     for (const HostileFile& file : HostileFiles(files)) {
         if (!file.refusedUnderWine && domtest::RunsOnWine()) continue;
-        for (const auto& [name, read] : Readers()) {
+        for (const auto& [name, read] : FileReaders()) {
             SCOPED_TRACE(file.name + ", " + name);
-            const Answer answer = read(access, file.path.c_str());
+            const Answer answer = Call(read, access, file.path.c_str());
             EXPECT_FALSE(answer.answered);
             EXPECT_TRUE(answer.untouched);
         }

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,13 @@ public:
 private:
     std::filesystem::path dir_;
 };
+
+// n letters a, b, c, ... (from first, wrapping after 26).
+inline std::string Chars(size_t n, char first = 'a') {
+    std::string text;
+    for (size_t i = 0; i < n; ++i) text += static_cast<char>(first + i % 26);
+    return text;
+}
 
 // A UTF-8 document whose root iv:root declares the media-information namespace.
 inline std::string MediaXml(const std::string& body) {
@@ -109,6 +117,41 @@ inline std::vector<HostileFile> HostileFiles(const TestFiles& files) {
         {"external entity", files.Write("entity", doctype + entity.substr(entity.find('\n') + 1)), false},
         {"DTD", files.Write("dtd", "<!DOCTYPE iv:root [<!ENTITY x \"y\">]>" + plain.substr(plain.find('\n'))), false},
     };
+}
+
+// Every File reader, writing what it reads into out (kOutBytes long; lists take all of it) and, if it
+// reports one, a required size; the detail reader writes its medium's record. True when it answered.
+constexpr size_t kOutBytes = 2048;
+using FileReader = std::function<bool(HMIAccess*, const WCHAR* path, unsigned char* out, size_t* required)>;
+
+inline const std::vector<std::pair<const char*, FileReader>>& FileReaders() {
+    static const std::vector<std::pair<const char*, FileReader>> readers = {
+        {"common info", [](HMIAccess* a, const WCHAR* p, unsigned char* out, size_t*) {
+             return HMIGetCommonInfoFile(a, p, reinterpret_cast<_tagHMICommonInfo*>(out)) == TRUE;
+         }},
+        {"media list", [](HMIAccess* a, const WCHAR* p, unsigned char* out, size_t* required) {
+             auto* media = reinterpret_cast<_tagHMIAvailableMedia*>(out);
+             return HMIGetAvailableMediaFile(a, p, media, kOutBytes, required) == TRUE;
+         }},
+        {"header", [](HMIAccess* a, const WCHAR* p, unsigned char* out, size_t*) {
+             auto* header = reinterpret_cast<_tagHMIMediaInfoHeader*>(out);
+             return HMIGetMediaInfoHeaderFile(a, p, HMI_W("A"), header) == TRUE;
+         }},
+        {"name", [](HMIAccess* a, const WCHAR* p, unsigned char* out, size_t* required) {
+             return HMIGetMediaNameFile(a, p, HMI_W("en"), reinterpret_cast<WCHAR*>(out), 8, required) == TRUE;
+         }},
+        {"name list", [](HMIAccess* a, const WCHAR* p, unsigned char* out, size_t* required) {
+             auto* names = reinterpret_cast<_tagHMIMediaNameList*>(out);
+             return HMIEnumMediaNamesFile(a, p, names, kOutBytes, required) == TRUE;
+         }},
+        {"detail", [](HMIAccess* a, const WCHAR* p, unsigned char* out, size_t*) {
+             HMIXMLMediaDetail* detail = HMIFilterMediaFile(a, HMI_W("A"), p);
+             const bool read = HMIGetMediaInfo(a, detail, reinterpret_cast<_tagHMIMediaInfo*>(out)) == TRUE;
+             HMICloseMediaFile(a, detail);
+             return read;
+         }},
+    };
+    return readers;
 }
 
 }  // namespace hmitest

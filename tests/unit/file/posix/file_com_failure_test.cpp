@@ -13,25 +13,15 @@ TEST(FileReadersCom, FailedInitialisationFailsEveryReader) {
     const WString path = files.Write("every", MediaXml(EveryReaderBody()));
     HMIAccess* access = HMIOpen(nullptr);
     ASSERT_NE(access, nullptr);
+    std::vector<unsigned char> out(kOutBytes);
     for (const HRESULT hr : {E_OUTOFMEMORY, RPC_E_CHANGED_MODE}) {
         SCOPED_TRACE(hr);
         const bool proceeds = hr == RPC_E_CHANGED_MODE;
         ASSERT_EQ(CoInitialize(nullptr), S_OK);
         HMITestForceCoInitializeResult(hr);
-        _tagHMICommonInfo info;
-        _tagHMIMediaInfoHeader header;
-        WCHAR name[8];
-        unsigned char block[512];
-        EXPECT_EQ(HMIGetCommonInfoFile(access, path.c_str(), &info), proceeds);
-        EXPECT_EQ(HMIGetMediaInfoHeaderFile(access, path.c_str(), HMI_W("A"), &header), proceeds);
-        EXPECT_EQ(HMIGetMediaNameFile(access, path.c_str(), HMI_W("en"), name, 8, nullptr), proceeds);
-        EXPECT_EQ(HMIGetAvailableMediaFile(access, path.c_str(), reinterpret_cast<_tagHMIAvailableMedia*>(block),
-                                           sizeof block, nullptr), proceeds);
-        EXPECT_EQ(HMIEnumMediaNamesFile(access, path.c_str(), reinterpret_cast<_tagHMIMediaNameList*>(block),
-                                        sizeof block, nullptr), proceeds);
-        HMIXMLMediaDetail* detail = HMIFilterMediaFile(access, HMI_W("A"), path.c_str());
-        EXPECT_EQ(detail != nullptr, proceeds);
-        HMICloseMediaFile(access, detail);
+        for (const auto& [name, read] : FileReaders()) {
+            EXPECT_EQ(read(access, path.c_str(), out.data(), nullptr), proceeds) << name;
+        }
         HMITestForceCoInitializeResult(S_OK);
         EXPECT_EQ(CoInitialize(nullptr), S_FALSE);
         CoUninitialize();
