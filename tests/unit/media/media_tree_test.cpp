@@ -2,14 +2,12 @@
 // byte, dictionaries, the generic node, media rejected whole, depth limits and allocation failure.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstring>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <new>
 #include <string>
-#include <tuple>
 #include <typeinfo>
 #include <vector>
 
@@ -17,6 +15,7 @@
 #include "media/tag_list_reader.h"
 #include "media/tag_vocabulary.h"
 #include "support/fault_injection.h"
+#include "support/full_medium.h"
 #include "xml/hmi_bstr.h"
 #include "xml/hmi_com_apartment.h"
 #include "xml/hmi_com_ptr.h"
@@ -26,6 +25,8 @@
 namespace {
 
 using WString = std::basic_string<WCHAR>;
+using hmitest::kIcc64;
+using hmitest::Zeroed;
 
 std::string Ascii(const WCHAR* text) {
     std::string out = text ? "" : "(null)";
@@ -73,54 +74,6 @@ protected:
     HMIComPtr<IXMLDOMDocument2> document;
 };
 
-// 64 characters: fills output_icc up to its terminator.
-const WCHAR* kIcc64 = HMI_W("profile-0123456789abcdef0123456789abcdef0123456789abcdef-64chars");
-
-WString FullMediumBody() {
-    return WString(HMI_W(R"(<operationflag>0x1F</operationflag><format_version>1.00</format_version>
-  <medium_category>03</medium_category><printarea>3,5,0,7</printarea><locale>WW,JA</locale>
-  <bk_ink_type>PBk</bk_ink_type><unsuported_papersize>iso_a4_210x297mm,na_letter_8.5x11in</unsuported_papersize>
-  <availableinputbinid default="asf">AUTO,asf</availableinputbinid>
-  <availableprintcolormode default="monochrome">color,monochrome</availableprintcolormode>
-  <printcolormode type="color"><availableborderlessprint default="OFF">OFF,ON</availableborderlessprint>
-  <borderlessprint type="ON"><availableprint_purpose default="photo">photo,cad</availableprint_purpose>
-  <print_purpose type="photo"><operationflag>A0</operationflag>
-  <availableduplexprint default="OFF">OFF,auto</availableduplexprint>
-  <availablecartridge default="auto">auto,bkcolor,photocolor</availablecartridge>
-  <availableHagakiAutoDuplexMode>normal</availableHagakiAutoDuplexMode>
-  <availableprintquality_rgb default="3">1,3,5</availableprintquality_rgb>
-  <availableprintquality_cmyk_1DLUT>all</availableprintquality_cmyk_1DLUT>
-  <printquality_rgb type="3" threeposition="normal"><operationflag>ff</operationflag><output_icc>)")) + kIcc64 +
-           HMI_W(R"(</output_icc><bit>-16</bit><app_filter_id>ABCDEFGH</app_filter_id>
-  <availableresolution default="600">300,600</availableresolution><availableclearcoat>none,auto</availableclearcoat>
-  </printquality_rgb><printquality_cmyk_4DLUT type="all" threeposition="all"/>
-  <printquality_cmyk_1DLUT type="1" threeposition="fine"/><printquality_index type="5" threeposition="draft"/>
-  </print_purpose></borderlessprint></printcolormode>)");
-}
-
-template <size_t N>
-void Put(WCHAR (&field)[N], const WCHAR* text) {
-    std::char_traits<WCHAR>::copy(field, text, std::char_traits<WCHAR>::length(text) + 1);
-}
-
-// Field by field: assigning a whole list could carry indeterminate padding into a memcmp.
-template <typename List, typename E>
-List& SetList(List& list, std::initializer_list<E> values) {
-    list.count = values.size();
-    std::copy(values.begin(), values.end(), list.values);
-    return list;
-}
-
-// A record of zero bytes but for its type (and three-position setting) where it has one.
-template <typename Record, typename... Key>
-Record Zeroed(Key... key) {
-    Record r;
-    std::memset(&r, 0, sizeof r);
-    if constexpr (sizeof...(Key) > 0) r.type = std::get<0>(std::make_tuple(key...));
-    if constexpr (sizeof...(Key) > 1) r.threeposition = std::get<1>(std::make_tuple(key...));
-    return r;
-}
-
 // True when node exists; its record must then equal expected byte for byte.
 template <typename Node, typename Record>
 bool HasRecord(const Node* node, const Record& expected) {
@@ -131,55 +84,27 @@ bool HasRecord(const Node* node, const Record& expected) {
 
 // Every record and dictionary of the tree of FullMediumBody requested as id.
 void ExpectFullTree(const HMIXMLMediaDetail& detail, const WCHAR* id) {
-    auto medium = Zeroed<_tagHMIMediaInfo>();
-    Put(medium.id, id);
-    medium.operationflag = 0x1F;
-    Put(medium.format_version, HMI_W("1.00"));
-    medium.medium_category = HMI_MEDIACATEGORY_03;
-    SetList(medium.unsuported_papersize, {HMI_PAPERSIZE_ISO_A4, HMI_PAPERSIZE_NA_LETTER});
-    medium.printarea = {1, 0, {3, 5, 7, 0}};
-    SetList(medium.locale, {HMI_LOCALE_WW, HMI_LOCALE_JA});
-    SetList(medium.bk_ink_type, {HMI_BKINK_PBK});
-    SetList(medium.availableinputbinid, {HMI_INPUTBIN_AUTO, HMI_INPUTBIN_ASF}).defaultValue = HMI_INPUTBIN_ASF;
-    SetList(medium.availableprintcolormode, {HMI_COLORMODE_COLOR, HMI_COLORMODE_MONOCHROME}).defaultValue =
-        HMI_COLORMODE_MONOCHROME;
-    HasRecord(&detail, medium);
+    HasRecord(&detail, hmitest::FullMediumInfo(id));
 
     const HMIXMLMediaColorMode* color = detail.ColorModes().Find(HMI_COLORMODE_COLOR);
     auto colorRecord = Zeroed<HMIColorModeRecord>(HMI_COLORMODE_COLOR);
-    SetList(colorRecord.availableborderlessprint, {HMI_OFF, HMI_ON}).defaultValue = HMI_OFF;
+    colorRecord.availableborderlessprint = hmitest::FullColorBorderless();
     ASSERT_TRUE(HasRecord(color, colorRecord));
 
     const HMIXMLMediaBorderlessMode* on = color->BorderlessModes().Find(HMI_ON);
     auto onRecord = Zeroed<HMIBorderlessModeRecord>(HMI_ON);
-    SetList(onRecord.availableprint_purpose, {HMI_PRINTPURPOSE_PHOTO, HMI_PRINTPURPOSE_CAD}).defaultValue =
-        HMI_PRINTPURPOSE_PHOTO;
+    onRecord.availableprint_purpose = hmitest::FullOnPurposes();
     ASSERT_TRUE(HasRecord(on, onRecord));
 
     const HMIXMLMediaPrintPurpose* photo = on->PrintPurposes().Find(HMI_PRINTPURPOSE_PHOTO);
-    auto purpose = Zeroed<_tagHMIPrintPurposeInfo>(HMI_PRINTPURPOSE_PHOTO);
-    purpose.operationflag = 0xA0;
-    SetList(purpose.availableduplexprint, {HMI_DUPLEX_OFF, HMI_DUPLEX_AUTO}).defaultValue = HMI_DUPLEX_OFF;
-    SetList(purpose.availablecartridge, {HMI_CARTRIDGE_AUTO, HMI_CARTRIDGE_BKCOLOR, HMI_CARTRIDGE_PHOTOCOLOR})
-        .defaultValue = HMI_CARTRIDGE_AUTO;
-    SetList(purpose.availableHagakiAutoDuplexMode, {HMI_HAGAKIDUPLEX_NORMAL});
-    SetList(purpose.availableprintquality_rgb, {HMI_PRINTQUALITY_1, HMI_PRINTQUALITY_3, HMI_PRINTQUALITY_5})
-        .defaultValue = HMI_PRINTQUALITY_3;
-    SetList(purpose.availableprintquality_cmyk_1DLUT, {HMI_PRINTQUALITY_ALL}).defaultValue = HMI_PRINTQUALITY_INVALID;
-    // Read from the index-variant quality element, which has no text.
-    purpose.printquality_index.defaultValue = HMI_PRINTQUALITY_INVALID;
-    ASSERT_TRUE(HasRecord(photo, purpose));
+    ASSERT_TRUE(HasRecord(photo, hmitest::FullPhotoPurpose()));
 
-    for (DWORD variant = 0; variant < 4; ++variant) ASSERT_EQ(photo->Qualities(variant)->size(), 1u) << variant;
+    for (DWORD variant = 0; variant < 4; ++variant) {
+        ASSERT_EQ(photo->Qualities(variant)->size(), variant == 3 ? 2u : 1u) << variant;
+    }
     EXPECT_EQ(photo->Qualities(4), nullptr);
     using Q = _tagHMIPrintQualityInfo;
-    auto rgb = Zeroed<Q>(HMI_PRINTQUALITY_3, HMI_3POS_NORMAL);
-    rgb.operationflag = 0xFF;
-    Put(rgb.output_icc, kIcc64);
-    rgb.bit = -16;
-    Put(rgb.app_filter_id, HMI_W("ABCDEFGH"));
-    SetList(rgb.availableresolution, {300, 600}).defaultValue = 600;
-    SetList(rgb.availableclearcoat, {HMI_CLEARCOAT_NONE, HMI_CLEARCOAT_AUTO});
+    const Q rgb = hmitest::FullRgbQuality();
     const auto filed = [](const auto& dic, const Q& expected) { return HasRecord(dic.Find(expected.type), expected); };
     EXPECT_TRUE(filed(photo->QualitiesRGB(), rgb));
     EXPECT_TRUE(filed(photo->QualitiesCMYK4D(), Zeroed<Q>(HMI_PRINTQUALITY_ALL, HMI_3POS_ALL)));
@@ -327,6 +252,17 @@ TEST_F(MediaTreeTest, GenericNodeCopiesTextAttributesAndChildren) {
     EXPECT_EQ(node->AttributeIndex().count(HMI_W("a")), 2u);
 }
 
+// Equal names keep document order: the first is found, whatever follows it.
+TEST_F(MediaTreeTest, FindChildAndFindAttributeReturnTheFirstOfEqualNames) {
+    auto node = ParseElement(HMI_W(R"(<v a="1" p:a="2" q:a="3" xmlns:p="urn:p" xmlns:q="urn:q">
+        <x>1</x><y/><x>2</x><p:x xmlns:p="urn:p">3</p:x><x>4</x></v>)"));
+    ASSERT_TRUE(node);
+    ASSERT_EQ(node->Children().size(), 5u);
+    EXPECT_EQ(node->FindChild(HMI_W("x")), node->Children()[0]);
+    EXPECT_EQ(node->FindChild(HMI_W("y")), node->Children()[1]);
+    EXPECT_EQ(Ascii(node->FindAttribute(HMI_W("a"))->Text()), "1");
+}
+
 TEST_F(MediaTreeTest, WholeMediumIsRejectedAndExplained) {
     const WString purpose =
         HMI_W(R"(<printcolormode type="color"><borderlessprint type="ON"><print_purpose type="photo">)");
@@ -401,7 +337,7 @@ TEST_F(MediaTreeTest, FullTreeIsExactAndAllocationFailureAtEveryStepLeavesNothin
     HMIXMLMediaDetail tooLong;
     EXPECT_FALSE(tooLong.SetId((id64 + HMI_W("X")).c_str()));
     EXPECT_EQ(tooLong.Info().id[0], 0);
-    ASSERT_TRUE(Load(MediumDocument(FullMediumBody())));
+    ASSERT_TRUE(Load(MediumDocument(hmitest::FullMediumBody())));
     RecordingObserver observer;
     for (HMIXMLRejectionObserver* watching : std::initializer_list<HMIXMLRejectionObserver*>{&observer, nullptr}) {
         SCOPED_TRACE(watching ? "with observer" : "without observer");
