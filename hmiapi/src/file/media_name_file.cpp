@@ -4,6 +4,7 @@
 
 namespace {
 
+// A name's length is counted up to this many characters; longer names still report 261.
 constexpr size_t kCountedNameChars = 260;
 
 }  // namespace

@@ -46,7 +46,7 @@ TEST(FileReaders, EveryAllocationFailingInTurn) {
         };
         before = LiveAllocations();
         const long failures = ForEachAllocationFailure(call, check);
-        EXPECT_GT(failures, 3);
+        EXPECT_GT(failures, 0);
     }
     HMIClose(access);
 }
