@@ -74,8 +74,7 @@ protected:
                     WriteMedium(printer, 0x11, W(kNoAll)) &&
                     WriteMedium(printer, 0x20, W("<format_version>low</format_version>")) &&
                     WriteMedium(printer, 0x21, W("<format_version>UP</format_version>")) &&
-                    WriteMedium(printer, 0x40, FullMediumBody()) && WriteMedium(printer, 0x41, FullMediumBody()) &&
-                    WriteMedium(printer, 0x50, FullMediumBody()));
+                    WriteMedium(printer, 0x40, FullMediumBody()) && WriteMedium(printer, 0x41, FullMediumBody()));
         access = HMIOpen(printer.Reopen());
         ASSERT_NE(access, nullptr);
     }
@@ -259,7 +258,7 @@ TEST_F(MediaQueries, BrokenMediumFailsEveryTimeUntilRepaired) {
         {"Broken0", [] { return true; }},  // no document
         {"Broken1",  // a chunk missing
          [&] { return WriteMedium(printer, 0x31, FullMediumBody()) && printer.Remove(key.c_str(), HMI_W("001")); }},
-        {"Broken2", [&] { return WriteMediaDocument(printer, 0x32, W("<media><medium>"), 97); }},  // not well formed
+        {"Broken2", [&] { return WriteMediaDocument(printer, 0x32, W("<media><medium>"), 512); }},  // not well formed
         {"Broken3", [&] { return WriteMedium(printer, 0x33, W("<printcolormode/>")); }},  // rejected: no type
     };
     for (DWORD number = 0x30; number < 0x34; ++number) {
@@ -279,7 +278,7 @@ TEST_F(MediaQueries, BrokenMediumFailsEveryTimeUntilRepaired) {
     }
 }
 
-// Documents exist for all three; only the 64-unit id is in the database.
+// Both long ids have documents, but the database keeps no id longer than 64 units.
 TEST_F(MediaQueries, OnlyMediaOfTheDatabaseWithIdsOfAtMost64UnitsLoad) {
     EXPECT_TRUE(HasFullInfo(kId64));
     EXPECT_EQ(Media(kId64 + "X"), nullptr);

@@ -31,7 +31,7 @@ WString FullMediumBody() {
 }
 
 bool WriteMedium(TestPrinter& printer, DWORD mediaNumber, const WString& body) {
-    return WriteMediaDocument(printer, mediaNumber, HMI_W("<media><medium>") + body + HMI_W("</medium></media>"), 97);
+    return WriteMediaDocument(printer, mediaNumber, HMI_W("<media><medium>") + body + HMI_W("</medium></media>"), 512);
 }
 
 _tagHMIMediaInfo FullMediumInfo(const WCHAR* id) {

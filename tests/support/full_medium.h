@@ -20,7 +20,7 @@ WString FullMediumBody();
 // 64 characters: fills output_icc up to its terminator.
 extern const WCHAR* const kIcc64;
 
-// "<media><medium>body</medium></media>" as the medium's document, in chunks of 97 units.
+// "<media><medium>body</medium></media>" as the medium's document, in chunks of 512 units.
 bool WriteMedium(TestPrinter& printer, DWORD mediaNumber, const WString& body);
 
 // The records of FullMediumBody requested as id.
