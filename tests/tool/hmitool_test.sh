@@ -88,6 +88,47 @@ sed -i 's|<medianame_item language="de">Transparentfolie<|<medianame_item langua
     "$work/copy/names/TransparencyFilm.xml"
 check "make_store refuses names that disagree" 1 'differ' python3 "$samples/make_store.py" "$work/copy" "$work/x.reg"
 
+# --from-files reads the sources the store was made from, through the File exports: the same answers.
+files=$samples/sample-printer
+same() {  # name, filter, arguments with @ for the printer: store and files agree in output and exit code
+    local name=$1 filter=$2 arg
+    shift 2
+    local a=() b=()
+    for arg in "$@"; do
+        if [ "$arg" = @ ]; then a+=("$store") b+=(--from-files "$files"); else a+=("$arg") b+=("$arg"); fi
+    done
+    if diff <("$tool" "${a[@]}" 2>"$work/a.err" | $filter; echo "exit ${PIPESTATUS[0]}"; cat "$work/a.err") \
+        <("$tool" "${b[@]}" 2>"$work/b.err" | $filter; echo "exit ${PIPESTATUS[0]}"; cat "$work/b.err") >"$work/diff"; then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+        printf 'FAILED %s: store and files differ:\n' "$name"
+        cut -c1-160 "$work/diff" | head -10
+    fi
+}
+# Inherent: a header read from a file has media number 0 and valid 4; media --all names its root after the argument.
+no_number_valid() { sed -E 's/"media_number": "[0-9A-F]{8}", "valid": [0-9]+/-/; s/^([0-9]+ +[^ ]+ +)[0-9A-F]{8} [0-9]+ +/\1- /'; }
+no_root_name() { sed -E '1s/^printer .*|^\{"kind": "printer", "name": "[^"]*"/root/'; }
+same "files: media" no_number_valid media @
+same "files: media as json" no_number_valid --json media @
+same "files: every cascade" no_root_name media --all @
+same "files: every cascade as json" no_root_name --json media --all @
+same "files: names" cat names @ PhotoGlossyPro
+same "files: names as json" cat --json names @ HagakiPhoto
+same "files: one name" cat names @ PrintableDiscGlossy fr
+same "files: unknown language" cat --json names @ PhotoGlossyPro xx
+same "files: show through a colour-mode all" cat show @ TransparencyFilm
+same "files: show through an index all" cat --json show @ EnvelopePlain
+same "files: show of the rejected medium" cat show @ "$rejected"
+check "files: missing directory" 2 "no directory '$work/none'" "$tool" media --from-files "$work/none"
+check "files: medium without a names file" 2 "names/Nope.xml cannot be loaded" \
+    "$tool" names --from-files "$files" Nope
+check "files: medium without a media file" 2 "^hmitool: Nope: .*media/Nope.xml cannot be loaded" \
+    "$tool" show --from-files "$files" Nope
+check "files: a command that reads no files" 64 'doc does not take --from-files' \
+    "$tool" doc --from-files "$files" PlainPaper
+check "files: usage" 64 'hmitool names --from-files DIR MEDIA_ID \[LANG\]' "$tool" names --from-files "$files"
+
 for f in "$samples"/sample-printer/media/*.xml; do
     case $(basename "$f" .xml) in
     "$rejected") check "sample $rejected is rejected" 1 "^rejected: .*$reason" "$tool" check "$f" ;;

@@ -1,13 +1,13 @@
-// hmitool media PRINTER: the common information and every medium's header; with --all, every
-// medium's option cascade instead, and the reason for each medium the library does not load.
+// hmitool media PRINTER (or --from-files DIR): the common information and every medium's header;
+// with --all, every medium's option cascade instead, and the reason for each medium the library does
+// not load.
 #include <algorithm>
 #include <cstdio>
 #include <string>
 
 #include "cascade_writer.h"
 #include "command.h"
-#include "database.h"
-#include "stored_document.h"
+#include "media_source.h"
 
 namespace hmitool {
 namespace {
@@ -18,7 +18,7 @@ std::string Hex8(DWORD number) {
     return text;
 }
 
-void PrintText(const _tagHMICommonInfo& info, const std::vector<WString>& ids, const Database& db) {
+void PrintText(const _tagHMICommonInfo& info, const std::vector<WString>& ids, const MediaSource& source) {
     std::printf("format version  %g\n", static_cast<double>(info.db_format_ver));
     std::printf("product id      %s\n", Narrow(info.product_id, 9).c_str());
     std::printf("database time   %s\n", Narrow(info.pop_db_time, 21).c_str());
@@ -28,7 +28,7 @@ void PrintText(const _tagHMICommonInfo& info, const std::vector<WString>& ids, c
     for (const WString& id : ids) {
         _tagHMIMediaInfoHeader header;
         ++index;
-        if (!HMIGetMediaInfoHeader(db.access(), id.c_str(), &header)) {
+        if (!source.Header(id, &header)) {
             std::printf("%-4zu %-32s (no header)\n", index, Narrow(id.c_str()).c_str());
             continue;
         }
@@ -38,7 +38,7 @@ void PrintText(const _tagHMICommonInfo& info, const std::vector<WString>& ids, c
     }
 }
 
-void PrintJson(const _tagHMICommonInfo& info, const std::vector<WString>& ids, const Database& db) {
+void PrintJson(const _tagHMICommonInfo& info, const std::vector<WString>& ids, const MediaSource& source) {
     std::printf("{\"db_format_ver\": %g, \"product_id\": %s, \"pop_db_time\": %s, \"media\": [",
                 static_cast<double>(info.db_format_ver), JsonQuote(Narrow(info.product_id, 9)).c_str(),
                 JsonQuote(Narrow(info.pop_db_time, 21)).c_str());
@@ -46,7 +46,7 @@ void PrintJson(const _tagHMICommonInfo& info, const std::vector<WString>& ids, c
     for (const WString& id : ids) {
         _tagHMIMediaInfoHeader header;
         std::printf("%s\n  {\"id\": %s", separator, JsonQuote(Narrow(id.c_str())).c_str());
-        if (HMIGetMediaInfoHeader(db.access(), id.c_str(), &header)) {
+        if (source.Header(id, &header)) {
             std::printf(", \"media_number\": \"%s\", \"valid\": %u, \"visible\": %d, \"checksum\": %s",
                         Hex8(header.media_number).c_str(), static_cast<unsigned>(header.valid), header.visible,
                         JsonQuote(Narrow(header.checksum, 33)).c_str());
@@ -57,20 +57,20 @@ void PrintJson(const _tagHMICommonInfo& info, const std::vector<WString>& ids, c
     std::printf("\n]}\n");
 }
 
-int WriteEveryCascade(const std::string& printerName, const Database& db, bool json) {
+int WriteEveryCascade(const std::string& printerName, const MediaSource& source, bool json) {
     OutlineWriter out(json);
     out.Open("printer", printerName, false);
     int result = kOk;
     size_t unloaded = 0;
-    const std::vector<WString> ids = db.MediaIds();
+    const std::vector<WString> ids = source.MediaIds();
     for (const WString& id : ids) {
         const std::string name = Narrow(id.c_str());
-        if (HMIXMLMediaDetail* detail = HMIFilterMedia(db.access(), id.c_str())) {
-            WriteCascade(out, db.access(), detail, name);
+        if (const Detail detail = source.Filter(name)) {
+            WriteCascade(out, source.access(), detail.get(), name);
             continue;
         }
         std::string reason;
-        result = std::max<int>(result, ExplainUnloadedMedium(db, name, &reason));
+        result = std::max<int>(result, source.ExplainUnloaded(name, &reason));
         ++unloaded;
         out.Open("medium", name, false);
         out.Scalar("error", reason);
@@ -83,19 +83,19 @@ int WriteEveryCascade(const std::string& printerName, const Database& db, bool j
 }
 
 int RunMedia(const std::vector<std::string>& args, const Options& options) {
-    Database db;
-    if (!db.Open(args[0])) return kUnreadable;
-    if (options.all) return WriteEveryCascade(args[0], db, options.json);
+    const std::unique_ptr<MediaSource> source = OpenMediaSource(args[0], options);
+    if (!source) return kUnreadable;
     _tagHMICommonInfo info;
-    if (!HMIGetCommonInfo(db.access(), &info)) {
-        std::fprintf(stderr, "hmitool: no common information in '%s'\n", args[0].c_str());
+    if (!source->CommonInfo(&info)) {
+        std::fprintf(stderr, "hmitool: no common information in '%s'\n", source->DatabaseName().c_str());
         return kUnreadable;
     }
-    const std::vector<WString> ids = db.MediaIds();
+    if (options.all) return WriteEveryCascade(args[0], *source, options.json);
+    const std::vector<WString> ids = source->MediaIds();
     if (options.json) {
-        PrintJson(info, ids, db);
+        PrintJson(info, ids, *source);
     } else {
-        PrintText(info, ids, db);
+        PrintText(info, ids, *source);
     }
     return kOk;
 }
@@ -104,6 +104,6 @@ int RunMedia(const std::vector<std::string>& args, const Options& options) {
 
 HMITOOL_COMMAND("media", "PRINTER",
                 "the database's common information and every medium's header; with --all every medium's cascade",
-                RunMedia);
+                RunMedia, true);
 
 }  // namespace hmitool

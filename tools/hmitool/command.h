@@ -13,7 +13,8 @@ enum ExitCode { kOk = 0, kRejected = 1, kUnreadable = 2, kUsage = 64 };
 
 struct Options {
     bool json = false;
-    bool all = false;  // media: every medium's cascade instead of the headers
+    bool all = false;        // media: every medium's cascade instead of the headers
+    bool fromFiles = false;  // the first argument is a directory of files, not a printer
 };
 
 struct Command {
@@ -21,6 +22,7 @@ struct Command {
     const char* usage;    // arguments after the name, e.g. "PRINTER MEDIA_ID [LANG]"; counted from it
     const char* summary;  // one line
     int (*run)(const std::vector<std::string>& args, const Options& options);
+    bool readsFiles = false;  // "--from-files DIR" may stand for the first argument, PRINTER
 };
 
 // Adds a command at static-initialisation time; see HMITOOL_COMMAND.

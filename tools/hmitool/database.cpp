@@ -1,7 +1,8 @@
 #include "database.h"
 
 #include <cstdio>
-#include <memory>
+
+#include "sized_read.h"
 
 namespace hmitool {
 
@@ -25,14 +26,9 @@ bool Database::Open(const std::string& printerName) {
 }
 
 std::vector<WString> Database::MediaIds() const {
-    std::vector<WString> ids;
-    size_t required = 0;
-    if (HMIGetAvailableMedia(access_, nullptr, 0, &required) || required < sizeof(_tagHMIAvailableMedia)) return ids;
-    std::unique_ptr<uint64_t[]> block(new uint64_t[(required + 7) / 8]);
-    auto* media = reinterpret_cast<_tagHMIAvailableMedia*>(block.get());
-    if (!HMIGetAvailableMedia(access_, media, required, &required)) return ids;
-    for (uint64_t i = 0; i < media->count; ++i) ids.emplace_back(media->ids[i]);
-    return ids;
+    return ReadMediaIds([this](_tagHMIAvailableMedia* buffer, size_t bytes, size_t* required) {
+        return HMIGetAvailableMedia(access_, buffer, bytes, required);
+    });
 }
 
 }  // namespace hmitool

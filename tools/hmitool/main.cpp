@@ -15,9 +15,24 @@ std::vector<Command>& Commands() {
     return commands;
 }
 
+// The usage with its first word, PRINTER, given as --from-files DIR.
+std::string FilesUsage(const Command& command) {
+    const char* rest = std::strchr(command.usage, ' ');
+    return std::string("--from-files DIR") + (rest ? rest : "");
+}
+
 void PrintUsage(FILE* out) {
-    std::fprintf(out, "usage: hmitool [--json] [--all] COMMAND ARGS...\n\ncommands:\n");
-    for (const Command& c : Commands()) std::fprintf(out, "  %s %s\n      %s\n", c.name, c.usage, c.summary);
+    std::fprintf(out, "usage: hmitool [--json] [--all] [--from-files DIR] COMMAND ARGS...\n\ncommands:\n");
+    for (const Command& c : Commands()) {
+        std::fprintf(out, "  %s %s\n", c.name, c.usage);
+        if (c.readsFiles) std::fprintf(out, "  %s %s\n", c.name, FilesUsage(c).c_str());
+        std::fprintf(out, "      %s\n", c.summary);
+    }
+}
+
+void PrintCommandUsage(const Command& c) {
+    std::fprintf(stderr, "usage: hmitool %s %s\n", c.name, c.usage);
+    if (c.readsFiles) std::fprintf(stderr, "       hmitool %s %s\n", c.name, FilesUsage(c).c_str());
 }
 
 // The argument counts a usage text allows: its words, the bracketed ones optional.
@@ -47,9 +62,17 @@ int main(int argc, char** argv) {
     using namespace hmitool;
     Options options;
     std::vector<std::string> args;
+    std::string directory;
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--json") == 0) {
             options.json = true;
+        } else if (std::strcmp(argv[i], "--from-files") == 0) {
+            if (options.fromFiles || i + 1 == argc) {
+                std::fprintf(stderr, "hmitool: --from-files takes one DIR\n");
+                return kUsage;
+            }
+            options.fromFiles = true;
+            directory = argv[++i];
         } else if (std::strcmp(argv[i], "--all") == 0) {
             options.all = true;
         } else if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
@@ -66,8 +89,15 @@ int main(int argc, char** argv) {
     for (const Command& c : Commands()) {
         if (args[0] == c.name) {
             args.erase(args.begin());
+            if (options.fromFiles) {
+                if (!c.readsFiles) {
+                    std::fprintf(stderr, "hmitool: %s does not take --from-files\n", c.name);
+                    return kUsage;
+                }
+                args.insert(args.begin(), directory);
+            }
             if (!ArgumentCountFits(c, args.size())) {
-                std::fprintf(stderr, "usage: hmitool %s %s\n", c.name, c.usage);
+                PrintCommandUsage(c);
                 return kUsage;
             }
             return c.run(args, options);

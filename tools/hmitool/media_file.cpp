@@ -46,4 +46,13 @@ std::string MediumFile::Rejection() const {
     return rejectedElement_.empty() ? rejectionReason_ : rejectedElement_ + ": " + rejectionReason_;
 }
 
+ExitCode MediumFile::ExplainUnloaded(Outcome outcome, std::string* reason) const {
+    if (outcome == Outcome::kRejected) {
+        *reason = "rejected: " + Rejection();
+        return kRejected;
+    }
+    *reason = "the library does not load it, though its document parses";
+    return kUnreadable;
+}
+
 }  // namespace hmitool

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "command.h"
 #include "media/media_detail.h"
 
 namespace hmitool {
@@ -27,6 +28,9 @@ public:
     const std::string& rejectionReason() const { return rejectionReason_; }
     // "element: reason", or the reason alone when no element is named.
     std::string Rejection() const;
+    // Why the library gives no tree for the medium, whose document loaded and parsed with outcome:
+    // kRejected with "rejected: " and the rejection, or kUnreadable when the parser built it.
+    ExitCode ExplainUnloaded(Outcome outcome, std::string* reason) const;
 
 private:
     std::unique_ptr<HMIXMLMediaDetail> detail_;

@@ -31,12 +31,7 @@ ExitCode ExplainUnloadedMedium(const Database& db, const std::string& mediaId, s
     const ExitCode loaded = document.Load(db, mediaId, reason);
     if (loaded != kOk) return loaded;
     MediumFile medium;
-    if (medium.Parse(document.get()) == MediumFile::Outcome::kRejected) {
-        *reason = "rejected: " + medium.Rejection();
-        return kRejected;
-    }
-    *reason = "the library does not load it, though its document parses";
-    return kUnreadable;
+    return medium.ExplainUnloaded(medium.Parse(document.get()), reason);
 }
 
 }  // namespace hmitool
