@@ -26,7 +26,7 @@ bool XmlFileLoads(const std::string& path) {
 class FileSource final : public MediaSource {
 public:
     FileSource(const std::string& directory, HMIAccess* access)
-        : directory_(fs::u8path(directory)), database_(Widen((directory_ / "database.xml").u8string())),
+        : directory_(fs::u8path(directory).make_preferred()), database_(Widen((directory_ / "database.xml").u8string())),
           access_(access) {}
     ~FileSource() override { HMIClose(access_); }
 
