@@ -2,6 +2,7 @@
 #ifndef HMI_TEST_MEDIA_DATABASE_H
 #define HMI_TEST_MEDIA_DATABASE_H
 
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,16 @@ bool WriteDatabase(TestPrinter& printer, const std::vector<MediumEntry>& media, 
 bool WriteMediaDocument(TestPrinter& printer, DWORD mediaNumber, const WString& document, size_t chunkUnits);
 
 WString MediumKey(DWORD mediaNumber, const char* leaf);  // "PrinterDriverData\Media\%08X\<leaf>"
+
+// A record of 0xCD bytes, so that a call that writes nothing can be told from one that does.
+template <typename R>
+R Poisoned() {
+    R r;
+    std::memset(&r, 0xCD, sizeof r);
+    return r;
+}
+template <typename R>
+bool SameBytes(const R& a, const R& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
 }  // namespace hmitest
 

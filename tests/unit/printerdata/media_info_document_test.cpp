@@ -1,8 +1,6 @@
 // Reassembly of a medium's media-information document from its numbered chunks.
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "common/hmi_string.h"
 #include "printerdata/media_info_document.h"
 #include "support/fault_injection.h"
@@ -15,107 +13,77 @@ namespace hmitest {
 namespace {
 
 const WString kDocument = W("<medium><note>first half, second half</note></medium>");
+const WString kZero(1, 0);
+using Bytes = std::vector<unsigned char>;
 
 class MediaInfoDocument : public ::testing::Test {
 protected:
     // The document's text, or "<none>" when nothing loaded.
     std::string Load() {
         HMIComPtr<IXMLDOMDocument2> document(LoadMediaInfoDocument(printer.Reopen(), key.c_str()));
-        if (!document) return "<none>";
         WCHAR* text = nullptr;
-        if (!HMIGetNodeText(document.get(), &text)) return "<empty>";
+        if (!document || !HMIGetNodeText(document.get(), &text)) return "<none>";
         HMIHeapString owned(text);
         return std::string(text, text + std::char_traits<WCHAR>::length(text));
     }
-    bool SetCount(std::vector<unsigned char> bytes) {
-        return printer.Set(key.c_str(), HMI_W(""), REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
+    // The count (none when null), then the chunks ..., 001, 000: last first, so that order must be restored.
+    bool Store(const Bytes* count, std::vector<WString> chunks) {
+        bool ok = count ? printer.Set(key.c_str(), HMI_W(""), REG_BINARY, count->data(), DWORD(count->size()))
+                        : printer.Remove(key.c_str(), HMI_W(""));
+        for (size_t i = chunks.size(); ok && i-- > 0;) {
+            const WString name = W(std::string(2, '0') + char('0' + i));
+            ok = printer.Set(key.c_str(), name.c_str(), REG_BINARY, chunks[i].data(), DWORD(chunks[i].size() * 2));
+        }
+        return ok;
     }
-    bool SetChunk(const char* name, const WString& text) {
-        return printer.Set(key.c_str(), W(name).c_str(), REG_BINARY, text.data(),
-                           static_cast<DWORD>(text.size() * sizeof(WCHAR)));
-    }
-
     HMIComApartment com;
     TestPrinter printer;
     const WString key = MediumKey(0x1A, "HMI");
 };
 
-TEST_F(MediaInfoDocument, ChunksAreJoinedInIndexOrder) {
-    ASSERT_TRUE(SetCount({2, 0, 0, 0}));
-    ASSERT_TRUE(SetChunk("001", kDocument.substr(20)));
-    ASSERT_TRUE(SetChunk("000", kDocument.substr(0, 20)));
-    ASSERT_TRUE(SetChunk("999", W("ignored")));
-    EXPECT_EQ(Load(), "first half, second half");
-    ASSERT_TRUE(printer.Remove(key.c_str(), HMI_W("001")));
-    EXPECT_EQ(Load(), "<none>");
-}
-
-TEST_F(MediaInfoDocument, ChunkCountWidths) {
-    ASSERT_TRUE(SetChunk("000", kDocument.substr(0, 10)));
-    ASSERT_TRUE(SetChunk("001", kDocument.substr(10, 10)));
-    ASSERT_TRUE(SetChunk("002", kDocument.substr(20)));
-    struct Case {
-        std::vector<unsigned char> count;
-        const char* text;
-    } cases[] = {
-        {{3}, "first half, second half"},
-        {{3, 0}, "first half, second half"},
-        {{3, 0, 0, 0}, "first half, second half"},
-        {{3, 0, 0, 0, 0, 0, 0, 0}, "<none>"},  // more than 4 bytes, though the number fits
-        {{0, 0, 0, 0}, "<none>"},
-        {{4, 0, 0, 0}, "<none>"},  // chunk 003 missing
-        {{0xFF, 0xFF, 0xFF, 0xFF}, "<none>"},
-        {{}, "<none>"},
+// Counts of 1 to 4 bytes; chunks are joined in index order, a zero unit ends the text.
+TEST_F(MediaInfoDocument, CountAndChunks) {
+    const WString a = kDocument.substr(0, 10), b = kDocument.substr(10, 10), c = kDocument.substr(20);
+    const std::string whole = "first half, second half";
+    const struct { Bytes count; std::vector<WString> chunks; std::string text; } cases[] = {
+        {{3}, {a, b, c}, whole}, {{3, 0}, {a, b, c}, whole}, {{3, 0, 0, 0}, {a, b, c}, whole},
+        {{3, 0, 0, 0, 0, 0, 0, 0}, {a, b, c}, "<none>"},  // more than 4 bytes, though the number fits
+        {{0, 0, 0, 0}, {a, b, c}, "<none>"}, {{4, 0, 0, 0}, {a, b, c}, "<none>"},  // chunk 003 missing
+        {{0xFF, 0xFF, 0xFF, 0xFF}, {a, b, c}, "<none>"}, {{}, {a, b, c}, "<none>"},
+        {{2}, {kDocument + kZero, W("<trailing/>") + kZero}, whole},
+        {{2}, {kDocument.substr(0, 20) + kZero, c}, "<none>"},
     };
-    for (const Case& c : cases) {
-        ASSERT_TRUE(SetCount(c.count));
-        EXPECT_EQ(Load(), c.text) << "count of " << c.count.size() << " bytes";
+    for (const auto& k : cases) {
+        ASSERT_TRUE(Store(&k.count, k.chunks));
+        EXPECT_EQ(Load(), k.text) << "case #" << (&k - cases);
     }
-    ASSERT_TRUE(printer.Remove(key.c_str(), HMI_W("")));
+    ASSERT_TRUE(Store(nullptr, {}));
     EXPECT_EQ(Load(), "<none>");
-}
-
-TEST_F(MediaInfoDocument, ZeroUnitEndsTheText) {
-    ASSERT_TRUE(SetCount({2}));
-    ASSERT_TRUE(SetChunk("000", kDocument + WString(1, 0)));
-    ASSERT_TRUE(SetChunk("001", W("<trailing/>") + WString(1, 0)));
-    EXPECT_EQ(Load(), "first half, second half");
-    ASSERT_TRUE(SetChunk("000", kDocument.substr(0, 20) + WString(1, 0)));
-    ASSERT_TRUE(SetChunk("001", kDocument.substr(20)));
-    EXPECT_EQ(Load(), "<none>");
+    EXPECT_EQ(LoadMediaInfoDocument(nullptr, key.c_str()), nullptr);
+    EXPECT_EQ(LoadMediaInfoDocument(printer.handle(), nullptr), nullptr);
 }
 
 TEST_F(MediaInfoDocument, ChunkThousandIsTheThousandAndFirst) {
-    ASSERT_TRUE(SetCount({0xE9, 0x03}));  // 1001
-    ASSERT_TRUE(SetChunk("000", W("<medium><note>")));
+    const Bytes count = {0xE9, 0x03};  // 1001
+    ASSERT_TRUE(Store(&count, {W("<medium><note>")}));
     for (int i = 1; i < 1000; ++i) {
         char name[8];
         std::snprintf(name, sizeof name, "%03d", i);
-        ASSERT_TRUE(SetChunk(name, W("x")));
+        ASSERT_TRUE(printer.Set(key.c_str(), W(name).c_str(), REG_BINARY, HMI_W("x"), 2));
     }
-    ASSERT_TRUE(SetChunk("1000", W("</note></medium>")));
-    ASSERT_TRUE(SetChunk("0999", W("never read")));
+    const WString end = W("</note></medium>"), never = W("never read");
+    ASSERT_TRUE(printer.Set(key.c_str(), HMI_W("1000"), REG_BINARY, end.data(), DWORD(end.size() * 2)));
+    ASSERT_TRUE(printer.Set(key.c_str(), HMI_W("0999"), REG_BINARY, never.data(), DWORD(never.size() * 2)));
     EXPECT_EQ(Load(), std::string(999, 'x'));
 }
 
-TEST_F(MediaInfoDocument, NullArgumentsAndMissingKey) {
-    EXPECT_EQ(LoadMediaInfoDocument(nullptr, key.c_str()), nullptr);
-    EXPECT_EQ(LoadMediaInfoDocument(printer.handle(), nullptr), nullptr);
-    EXPECT_EQ(Load(), "<none>");
-}
-
 TEST_F(MediaInfoDocument, AllocationFailureAtEveryStep) {
-    ASSERT_TRUE(SetCount({2}));
-    ASSERT_TRUE(SetChunk("000", kDocument.substr(0, 20)));
-    ASSERT_TRUE(SetChunk("001", kDocument.substr(20)));
+    const Bytes count = {2};
+    ASSERT_TRUE(Store(&count, {kDocument.substr(0, 20), kDocument.substr(20)}));
     HANDLE handle = printer.Reopen();
     const long before = LiveAllocations();
-    ForEachAllocationFailure(
-        [&] {
-            IXMLDOMDocument2* document = LoadMediaInfoDocument(handle, key.c_str());
-            if (document) document->Release();
-        },
-        [&](bool) { EXPECT_EQ(LiveAllocations(), before); });
+    ForEachAllocationFailure([&] { HMIComPtr<IXMLDOMDocument2> document(LoadMediaInfoDocument(handle, key.c_str())); },
+                             [&](bool) { EXPECT_EQ(LiveAllocations(), before); });
 }
 
 }  // namespace
