@@ -11,8 +11,7 @@
 namespace hmitest {
 namespace {
 
-constexpr unsigned char kPoison = 0xCD;
-
+constexpr unsigned char kPoison = 0xCD;  // the byte of Poisoned records
 // Sets a field from an ASCII picture of its units: '~' leaves a unit as it was, "\0" zeroes it.
 template <size_t N>
 void Picture(WCHAR (&field)[N], const std::string& units) {
@@ -22,25 +21,12 @@ void Picture(WCHAR (&field)[N], const std::string& units) {
     }
 }
 
-template <typename Record>
-Record Poisoned() {
-    Record record;
-    std::memset(&record, kPoison, sizeof record);
-    return record;
-}
-
-template <typename Record>
-void ExpectBytes(const Record& have, const Record& want) {
-    EXPECT_EQ(std::memcmp(&have, &want, sizeof have), 0);
-}
-
 std::string Z(const std::string& text) { return text + std::string(1, '\0'); }
 
 class FileDatabase : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_NE(access, nullptr); }
     void TearDown() override { HMIClose(access); }
-
     TestFiles files;
     HMIAccess* access = HMIOpen(nullptr);
 };
@@ -77,7 +63,7 @@ TEST_F(FileDatabase, CommonInfoWrittenFieldByFieldInPlace) {
         if (c.version) want.db_format_ver = *c.version;
         Picture(want.product_id, c.product);
         Picture(want.pop_db_time, c.time);
-        ExpectBytes(have, want);
+        EXPECT_TRUE(SameBytes(have, want));
     }
 }
 
@@ -157,7 +143,7 @@ TEST_F(FileDatabase, MediaInfoHeaderOfTheElementWithThatId) {
         if (!c.idPicture.empty()) want.valid = 4, want.media_number = 0;
         if (c.visible) want.visible = *c.visible;
         Picture(want.checksum, c.checksum);
-        ExpectBytes(have, want);
+        EXPECT_TRUE(SameBytes(have, want));
     }
 }
 

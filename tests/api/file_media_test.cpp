@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <tuple>
 #include <vector>
 
 #include "unit/file/file_test_files.h"
@@ -41,16 +42,10 @@ TEST_F(FileMedia, NameSizesAroundEachBoundary) {
         size_t reported;
         std::string content;  // the buffer afterwards, up to its guard unit; "~" for untouched
     } cases[] = {
-        {"en", 0, FALSE, 11, "~"},
-        {"en", 10, FALSE, 11, "~"},
-        {"en", 11, TRUE, 7, ten + '\0'},
-        {"en", 12, TRUE, 7, ten + '\0' + '~'},
-        {"xx", 0, FALSE, 261, "~"},
-        {"xx", 260, FALSE, 261, "~"},
-        {"xx", 261, FALSE, 7, '\0' + long300.substr(1, 260)},
-        {"xx", 300, FALSE, 7, '\0' + long300.substr(1, 299)},
-        {"xx", 301, TRUE, 7, long300 + '\0'},
-        {"xx", 302, TRUE, 7, long300 + '\0' + '~'},
+        {"en", 0, FALSE, 11, "~"}, {"en", 10, FALSE, 11, "~"}, {"en", 11, TRUE, 7, ten + '\0'},
+        {"en", 12, TRUE, 7, ten + '\0' + '~'}, {"xx", 0, FALSE, 261, "~"}, {"xx", 260, FALSE, 261, "~"},
+        {"xx", 261, FALSE, 7, '\0' + long300.substr(1, 260)}, {"xx", 300, FALSE, 7, '\0' + long300.substr(1, 299)},
+        {"xx", 301, TRUE, 7, long300 + '\0'}, {"xx", 302, TRUE, 7, long300 + '\0' + '~'},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.language + " " + std::to_string(c.bufferChars));
@@ -81,9 +76,7 @@ TEST_F(FileMedia, NameByLanguage) {
         SCOPED_TRACE(language.substr(0, 8));
         EXPECT_EQ(Name(path, language, 32), name ? TRUE : FALSE);
         EXPECT_EQ(reported, 7u);
-        if (name) {
-            EXPECT_EQ(WString(buffer.data()), W(name));
-        }
+        EXPECT_TRUE(!name || WString(buffer.data()) == W(name));
     }
 }
 
@@ -137,12 +130,9 @@ TEST_F(FileMedia, NameReadersFindTheirOwnNamespaceOnly) {
     const WString plain = files.Write("plain", MediaXml("<medianame_item language=\"en\">A</medianame_item>"));
     size_t required = 7;
     _tagHMIMediaNameList list{};
-    EXPECT_EQ(HMIEnumMediaNamesFile(access, prefixed.c_str(), &list, sizeof list, &required), FALSE);
-    EXPECT_EQ(required, 7u);
-    EXPECT_EQ(HMIEnumMediaNamesFile(access, plain.c_str(), nullptr, 0, &required), FALSE);
-    EXPECT_EQ(required, 16u + 136);
-    EXPECT_EQ(Name(prefixed, "en", 2), TRUE);
-    EXPECT_EQ(Name(plain, "en", 2), FALSE);
+    EXPECT_TRUE(HMIEnumMediaNamesFile(access, prefixed.c_str(), &list, sizeof list, &required) == FALSE && required == 7u);
+    EXPECT_TRUE(HMIEnumMediaNamesFile(access, plain.c_str(), nullptr, 0, &required) == FALSE && required == 16u + 136);
+    EXPECT_TRUE(Name(prefixed, "en", 2) == TRUE && Name(plain, "en", 2) == FALSE);
 }
 
 // A medium with a colour branch and an "all" branch.
@@ -157,25 +147,20 @@ TEST_F(FileMedia, DetailBelongsToTheCallerAndOutlivesTheHandle) {
     const WString id64 = W(Chars(64));
     HMIXMLMediaDetail* first = HMIFilterMediaFile(access, id64.c_str(), path.c_str());
     HMIXMLMediaDetail* second = HMIFilterMediaFile(access, id64.c_str(), path.c_str());
-    ASSERT_NE(first, nullptr);
-    ASSERT_NE(second, nullptr);
-    EXPECT_NE(first, second);
+    ASSERT_TRUE(first && second && first != second);
     EXPECT_EQ(HMIFilterMediaFile(access, (id64 + HMI_W("x")).c_str(), path.c_str()), nullptr);
     HMIClose(access);
     access = HMIOpen(nullptr);
 
     _tagHMIMediaInfo info;
     ASSERT_EQ(HMIGetMediaInfo(access, first, &info), TRUE);
-    EXPECT_EQ(WString(info.id), id64);
-    EXPECT_EQ(info.availableprintcolormode.count, 2u);
+    EXPECT_TRUE(WString(info.id) == id64 && info.availableprintcolormode.count == 2u);
     HMIXMLMediaColorMode* color = HMIFilterColorMode(access, first, HMI_COLORMODE_COLOR);
-    ASSERT_NE(color, nullptr);
-    EXPECT_NE(HMIFilterColorMode(access, first, HMI_COLORMODE_MONOCHROME), color);  // the "all" branch
-    EXPECT_NE(HMIFilterColorMode(access, first, HMI_COLORMODE_MONOCHROME), nullptr);
+    HMIXMLMediaColorMode* all = HMIFilterColorMode(access, first, HMI_COLORMODE_MONOCHROME);
+    ASSERT_TRUE(color && all && all != color);
     _tagHMIAvailableBorderless borderless;
     ASSERT_EQ(HMIGetAvailableBorderless(access, color, &borderless), TRUE);
-    EXPECT_EQ(borderless.count, 2u);
-    EXPECT_EQ(borderless.defaultValue, HMI_OFF);
+    EXPECT_TRUE(borderless.count == 2u && borderless.defaultValue == HMI_OFF);
     EXPECT_NE(HMIFilterColorMode(access, second, HMI_COLORMODE_COLOR), color);
 
     HMICloseMediaFile(nullptr, first);  // does nothing: first stays usable
@@ -189,11 +174,10 @@ TEST_F(FileMedia, DetailFailures) {
     const WString medium = files.Write("medium", MediumXml());
     const WString rejected = files.Write("rejected", MediaXml("<medium><printcolormode/></medium>"));
     const WString prefixed = files.Write("prefixed", MediaXml("<iv:medium/>"));
-    EXPECT_EQ(HMIFilterMediaFile(nullptr, HMI_W("a"), medium.c_str()), nullptr);
-    EXPECT_EQ(HMIFilterMediaFile(access, nullptr, medium.c_str()), nullptr);
-    EXPECT_EQ(HMIFilterMediaFile(access, HMI_W("a"), nullptr), nullptr);
-    EXPECT_EQ(HMIFilterMediaFile(access, HMI_W("a"), rejected.c_str()), nullptr);
-    EXPECT_EQ(HMIFilterMediaFile(access, HMI_W("a"), prefixed.c_str()), nullptr);
+    for (const auto& [a, id, path] : {std::tuple{(HMIAccess*)nullptr, HMI_W("a"), medium.c_str()},
+                                      {access, nullptr, medium.c_str()}, {access, HMI_W("a"), nullptr},
+                                      {access, HMI_W("a"), rejected.c_str()}, {access, HMI_W("a"), prefixed.c_str()}})
+        EXPECT_EQ(HMIFilterMediaFile(a, id, path), nullptr);
 }
 
 }  // namespace

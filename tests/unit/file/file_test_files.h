@@ -14,33 +14,20 @@
 
 namespace hmitest {
 
-class TestFiles {
-public:
-    TestFiles() {
-        const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
-        dir_ = std::filesystem::temp_directory_path() /
-               std::filesystem::u8path(u8"hmi-file-\u00E9t\u00E9-\u7D19-" + std::to_string(stamp));
-        std::filesystem::create_directories(dir_);
-    }
-    ~TestFiles() {
-        std::error_code ignored;
-        std::filesystem::remove_all(dir_, ignored);
-    }
-    TestFiles(const TestFiles&) = delete;
-    TestFiles& operator=(const TestFiles&) = delete;
-
+struct TestFiles {
+    const std::filesystem::path dir = std::filesystem::temp_directory_path() /
+        std::filesystem::u8path(u8"hmi-file-\u00E9t\u00E9-\u7D19-" +
+                                std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()));
+    TestFiles() { std::filesystem::create_directories(dir); }
+    ~TestFiles() { std::error_code ignored; std::filesystem::remove_all(dir, ignored); }
     // Writes the bytes into the file called name (not ASCII either) and returns its path.
     WString Write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(dir_ / std::filesystem::u8path(name + u8"-\u00FC.xml"), std::ios::binary) << bytes;
+        std::ofstream(dir / std::filesystem::u8path(name + u8"-\u00FC.xml"), std::ios::binary) << bytes;
         return Path(name);
     }
     WString Path(const std::string& name) const {
-        return (dir_ / std::filesystem::u8path(name + u8"-\u00FC.xml")).string<WCHAR>();
+        return (dir / std::filesystem::u8path(name + u8"-\u00FC.xml")).string<WCHAR>();
     }
-    WString Directory() const { return dir_.string<WCHAR>(); }
-
-private:
-    std::filesystem::path dir_;
 };
 
 // n letters a, b, c, ... (from first, wrapping after 26).
@@ -68,8 +55,7 @@ inline std::string PaperType(const std::string& id, const std::string& body) {
     return "<iv:papertype_info id=\"" + id + "\">" + body + "</iv:papertype_info>";
 }
 
-// language and name as they stand in the XML (escaped where needed).
-struct NameItem {
+struct NameItem {  // as they stand in the XML (escaped where needed)
     std::string language, name;
 };
 
@@ -108,8 +94,8 @@ inline std::vector<HostileFile> HostileFiles(const TestFiles& files) {
     for (int i = 0; i < 10000; ++i) open += "<iv:n>", close += "</iv:n>";
     return {
         {"missing file", files.Path("missing"), true},
-        {"missing directory", files.Directory() + HMI_W("/missing/db.xml"), true},
-        {"directory", files.Directory(), true},
+        {"missing directory", files.dir.string<WCHAR>() + HMI_W("/missing/db.xml"), true},
+        {"directory", files.dir.string<WCHAR>(), true},
         {"empty file", files.Write("empty", ""), true},
         {"not XML", files.Write("text", "db_format_ver=2.10\n"), true},
         {"unclosed", files.Write("unclosed", MediaXml(EveryReaderBody()).substr(0, 200)), true},
