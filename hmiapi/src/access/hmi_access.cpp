@@ -4,6 +4,7 @@
 #include <memory>
 #include <new>
 
+#include "common/hmi_list_buffer.h"
 #include "printerdata/printer_data_read.h"
 
 HMIAccess::~HMIAccess() {
@@ -31,10 +32,7 @@ bool HMIAccess::GetAvailableMedia(_tagHMIAvailableMedia* buffer, size_t bufferBy
     const _tagHMIAvailableMedia* media = popHeader ? popHeader->AvailableMedia() : nullptr;
     if (!media) return false;
     const uint64_t required = HMI_AVAILABLE_MEDIA_BYTES(media->count);
-    if (!buffer || bufferBytes < required) {
-        if (requiredBytes) *requiredBytes = required;
-        return false;
-    }
+    if (!HMIListBufferFits(buffer, bufferBytes, required, requiredBytes)) return false;
     std::memcpy(buffer, media, required);
     buffer->ids = reinterpret_cast<WCHAR(*)[65]>(reinterpret_cast<std::byte*>(buffer) + sizeof *buffer);
     return true;

@@ -6,6 +6,7 @@
 #include "platform/platform.h"
 #include "xml/hmi_bstr.h"
 #include "xml/hmi_com_ptr.h"
+#include "xml/hmi_xml_document.h"
 #include "xml/hmi_xml_query.h"
 
 // What a text query of the XML layer answers, owned; null when it found no text.
@@ -34,8 +35,26 @@ bool HMIFormatQuery(HMIBSTR& query, const WCHAR* format, Args... args) noexcept 
     return length > 0 && query.assign(owner.get());
 }
 
-// Every node that query selects below context, and their number; false when either call fails.
-bool HMISelectNodeList(const HMIBSTR& query, IXMLDOMNode* context, HMIComPtr<IXMLDOMNodeList>& list,
-                       LONG* length) noexcept;
+// The items of a list file: the elements that one formatted query selects in the loaded file.
+struct HMIFileItemList {
+    HMIComPtr<IXMLDOMDocument2> document;
+    HMIComPtr<IXMLDOMNodeList> items;
+    LONG length = 0;
+
+    // False when the file does not load, the query fails, or it selects nothing.
+    template <typename... Args>
+    bool Load(const WCHAR* path, const WCHAR* format, Args... args) noexcept {
+        *document.put() = HMILoadXMLFile(path);
+        HMIBSTR query;
+        return document && HMIFormatQuery(query, format, args...) &&
+               SUCCEEDED(document->selectNodes(query.str, items.put())) && items &&
+               SUCCEEDED(items->get_length(&length)) && length > 0;
+    }
+
+    // Item i; false when the list cannot hand it out.
+    bool Item(LONG i, HMIComPtr<IXMLDOMNode>& item) const noexcept {
+        return SUCCEEDED(items->get_item(i, item.put())) && item;
+    }
+};
 
 #endif
