@@ -25,30 +25,22 @@ T Poison() { return reinterpret_cast<T>(static_cast<uintptr_t>(0xCDCDCDCDu)); }
 inline void Free(BSTR text) { SysFreeString(text); }
 inline void Free(IUnknown* object) { object->Release(); }
 
-// Owns a BSTR or an interface pointer.
+// Owns a BSTR or an interface pointer; Out() poisons it for the call that writes it.
 template <typename T>
-class Own {
-public:
+struct Own {
     Own() = default;
     explicit Own(std::u16string_view text) : p_(SysAllocStringLen(nullptr, static_cast<unsigned>(text.size()))) {
         if (p_) std::copy(text.begin(), text.end(), p_);
     }
     Own(const Own&) = delete;
-    Own& operator=(const Own&) = delete;
     ~Own() { Reset(); }
-    T* Out() {
-        Reset();
-        p_ = Poison<T>();
-        return &p_;
-    }
+    T* Out() { return Reset(), p_ = Poison<T>(), &p_; }
     void Reset() {
         if (p_ && p_ != Poison<T>()) Free(p_);
         p_ = nullptr;
     }
     T operator->() const { return p_; }
     operator T() const { return p_; }
-
-private:
     T p_ = nullptr;
 };
 using Bstr = Own<BSTR>;
@@ -64,9 +56,7 @@ inline const char16_t* Failure(HRESULT hr) {
 
 inline VARIANT StringVariant(BSTR text) {
     VARIANT v{};
-    v.vt = VT_BSTR;
-    v.bstrVal = text;
-    return v;
+    return v.vt = VT_BSTR, v.bstrVal = text, v;
 }
 
 // CoCreateInstance of the class, then async off, XPath, and the "iv" prefix bound, as the library does.
@@ -140,10 +130,7 @@ protected:
         ASSERT_EQ(S_OK, CoInitialize(nullptr));
         Use(HMI_CLSID_DOMDocument60);
     }
-    void TearDown() override {
-        doc_.Reset();
-        CoUninitialize();
-    }
+    void TearDown() override { doc_.Reset(), CoUninitialize(); }
     void Use(const CLSID& clsid) { ASSERT_EQ(S_OK, CreateDocument(clsid, doc_.Out())); }
 
     // loadXML, or load from a path or URL, checking that the result and the flag agree.
@@ -163,8 +150,7 @@ protected:
         if (hr != S_OK) node.Reset();  // after a failure the out-parameter may hold anything
         return hr;
     }
-    // The text of the first match, or why there is none.
-    Text TextAt(const Text& query) {
+    Text TextAt(const Text& query) {  // the text of the first match, or why there is none
         Own<IXMLDOMNode*> node;
         const HRESULT hr = Select(query, node);
         return hr == S_OK ? TextOf(node) : Failure(hr);

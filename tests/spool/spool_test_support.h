@@ -1,4 +1,4 @@
-// Linux only (the store substitute exists only on Linux): helpers of the libhmispool tests.
+// Linux only: helpers of the libhmispool tests.
 #ifndef HMI_TEST_SPOOL_SUPPORT_H
 #define HMI_TEST_SPOOL_SUPPORT_H
 

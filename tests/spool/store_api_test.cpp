@@ -1,5 +1,4 @@
-// Linux only (the store substitute exists only on Linux): the spooler functions' own conventions and
-// writing changed stores back.
+// Linux only: the store substitute's own conventions and writing changed stores back.
 #include <sys/stat.h>
 
 #include <utility>
@@ -45,8 +44,7 @@ TEST_F(StoreApi, InvalidArgumentsAnswerWindowsCodes) {
     for (Text name : {Text(u"two\nlines"), Text(1, char16_t(0xDC00))}) EXPECT_EQ(Set(printer, u"M", name, 0, {1}), 87u);
 }
 
-// Names and data that the file format has to escape or cannot show as text (plain values of each
-// type go through the printer-store conformance test).
+// Names and data that the file format has to escape or cannot show as text.
 TEST_F(StoreApi, ChangedStoreIsWrittenReadablyAndReadsBackTheSame) {
     const Text media = u"PrinterDriverData\\Media";
     const struct { Text key, name; DWORD type; Bytes data; } written[] = {

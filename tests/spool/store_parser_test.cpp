@@ -1,4 +1,4 @@
-// Linux only (the store substitute exists only on Linux): reading store files.
+// Linux only: reading store files.
 #include "spool/spool_test_support.h"
 
 namespace {

@@ -10,34 +10,25 @@ void InstallPlatformAllocationHook(bool (*shouldFail)());  // per platform, in s
 
 namespace {
 
-std::atomic<bool> armed{false};
-std::atomic<long> counter{0};
-std::atomic<long> failAtCount{0};
-std::atomic<bool> failPersistent{false};
-std::atomic<bool> injected{false};
-std::atomic<long> live{0};
+std::atomic<bool> armed{false}, failPersistent{false}, injected{false};
+std::atomic<long> counter{0}, failAtCount{0}, live{0};
 
 bool ShouldFail() {
     if (!armed.load(std::memory_order_relaxed)) return false;
-    long n = ++counter;
-    if (n == failAtCount || (failPersistent && n > failAtCount)) {
-        injected = true;
-        return true;
-    }
-    return false;
+    const long n = ++counter;
+    const bool fail = n == failAtCount || (failPersistent && n > failAtCount);
+    if (fail) injected = true;
+    return fail;
 }
 
 void* Allocate(std::size_t size) {
-    if (ShouldFail()) return nullptr;
-    void* p = std::malloc(size ? size : 1);
+    void* p = ShouldFail() ? nullptr : std::malloc(size ? size : 1);
     if (p) ++live;
     return p;
 }
 
 void Release(void* p) {
-    if (!p) return;
-    --live;
-    std::free(p);
+    if (p) --live, std::free(p);
 }
 
 }  // namespace
@@ -59,22 +50,17 @@ bool DisarmAllocationFailure() {
     return injected;
 }
 
-long AllocationsSinceArm() { return counter; }
-
 long LiveAllocations() { return live; }
 
 long ForEachAllocationFailure(const std::function<void()>& call, const std::function<void(bool)>& check,
                               bool persistent) {
-    long failures = 0;
     for (long n = 1;; ++n) {
         ArmAllocationFailure(n, persistent);
         call();
-        bool hit = DisarmAllocationFailure();
+        const bool hit = DisarmAllocationFailure();
         check(hit);
-        if (!hit) break;
-        ++failures;
+        if (!hit) return n - 1;
     }
-    return failures;
 }
 
 }  // namespace hmitest
@@ -83,10 +69,7 @@ void* operator new(std::size_t size) {
     if (void* p = Allocate(size)) return p;
     throw std::bad_alloc();
 }
-void* operator new[](std::size_t size) {
-    if (void* p = Allocate(size)) return p;
-    throw std::bad_alloc();
-}
+void* operator new[](std::size_t size) { return operator new(size); }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
 void operator delete(void* p) noexcept { Release(p); }

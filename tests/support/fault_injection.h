@@ -1,6 +1,5 @@
-// Allocation-failure injection: every allocation of a call fails in turn.
-// Works on the library's objects linked into the test program (not through the DLL, whose static
-// runtime cannot see this program's operator new).
+// Allocation-failure injection on the library's objects linked into the test program (the DLL's
+// static runtime cannot see this program's operator new).
 #ifndef HMI_TEST_FAULT_INJECTION_H
 #define HMI_TEST_FAULT_INJECTION_H
 
@@ -8,20 +7,17 @@
 
 namespace hmitest {
 
-// Counts allocations while armed; allocation number failAt (1-based) fails, and with persistent set
-// so does every later one. Returns whether a failure was injected since Arm.
+// Allocation number failAt (1-based) after Arm fails, and with persistent set every later one too.
+// Disarm answers whether a failure was injected.
 void ArmAllocationFailure(long failAt, bool persistent = false);
 bool DisarmAllocationFailure();
-long AllocationsSinceArm();
 
 // Runs call() with allocation 1, 2, ... failing until a run injects no failure (the last run is the
-// fault-free one); check(injected) is called after each run to judge the outcome.
-// Returns the number of runs that had a failure injected.
+// fault-free one), calling check(injected) after each; returns the number of runs with a failure.
 long ForEachAllocationFailure(const std::function<void()>& call, const std::function<void(bool injected)>& check,
                               bool persistent = false);
 
-// Live allocations made through operator new since program start (leak check without sanitizers).
-long LiveAllocations();
+long LiveAllocations();  // made through operator new and not yet freed
 
 }  // namespace hmitest
 

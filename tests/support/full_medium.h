@@ -4,7 +4,6 @@
 #define HMI_TEST_FULL_MEDIUM_H
 
 #include <algorithm>
-#include <cstring>
 #include <initializer_list>
 #include <string>
 #include <tuple>
@@ -16,13 +15,9 @@ namespace hmitest {
 // The content of the "medium" element: one colour mode "color", borderless "ON", purpose "photo" and
 // one print quality per variant (rgb "3", cmyk_4DLUT "all", cmyk_1DLUT "1", index "5").
 WString FullMediumBody();
-
-// 64 characters: fills output_icc up to its terminator.
-extern const WCHAR* const kIcc64;
-
+extern const WCHAR* const kIcc64;  // 64 characters: fills output_icc up to its terminator
 // "<media><medium>body</medium></media>" as the medium's document, in chunks of 512 units.
 bool WriteMedium(TestPrinter& printer, DWORD mediaNumber, const WString& body);
-
 // The records of FullMediumBody requested as id.
 _tagHMIMediaInfo FullMediumInfo(const WCHAR* id);
 _tagHMIAvailableBorderless FullColorBorderless();

@@ -1,14 +1,10 @@
 #include "support/printer_fixture.h"
 
-#include <new>
 #include <vector>
-
-#include "support/printer_backend.h"
 
 namespace hmitest {
 
-TestPrinter::TestPrinter() {
-    created_ = backend::CreatePrinter(name_);
+TestPrinter::TestPrinter() : created_(backend::CreatePrinter(name_)) {
     if (created_) handle_ = backend::OpenTestPrinter(name_.c_str());
 }
 
@@ -17,22 +13,15 @@ TestPrinter::~TestPrinter() {
 }
 
 bool TestPrinter::Set(const WCHAR* key, const WCHAR* value, DWORD type, const void* data, DWORD bytes) {
-    if (!handle_) return false;
     // Windows' registry counts a REG_SZ terminator that the caller left out when one follows the data
     // in memory; a copy with non-zero bytes behind it stores exactly the bytes given.
-    std::vector<BYTE> copy;
-    try {
-        copy.assign(static_cast<const BYTE*>(data), static_cast<const BYTE*>(data) + bytes);
-        copy.insert(copy.end(), sizeof(WCHAR), 0xFF);
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
-    return SetPrinterDataExW(handle_, key, value, type, copy.data(), bytes) == ERROR_SUCCESS;
+    std::vector<BYTE> copy(static_cast<const BYTE*>(data), static_cast<const BYTE*>(data) + bytes);
+    copy.insert(copy.end(), sizeof(WCHAR), 0xFF);
+    return handle_ && SetPrinterDataExW(handle_, key, value, type, copy.data(), bytes) == ERROR_SUCCESS;
 }
 
 bool TestPrinter::SetText(const WCHAR* key, const WCHAR* value, const WCHAR* text) {
-    DWORD bytes = static_cast<DWORD>((std::char_traits<WCHAR>::length(text) + 1) * sizeof(WCHAR));
-    return Set(key, value, REG_SZ, text, bytes);
+    return Set(key, value, REG_SZ, text, DWORD((std::char_traits<WCHAR>::length(text) + 1) * sizeof(WCHAR)));
 }
 
 bool TestPrinter::SetDword(const WCHAR* key, const WCHAR* value, DWORD number) {
@@ -45,8 +34,7 @@ bool TestPrinter::Remove(const WCHAR* key, const WCHAR* value) {
 
 HANDLE TestPrinter::Reopen() {
     if (handle_) ClosePrinter(handle_);
-    handle_ = created_ ? backend::OpenTestPrinter(name_.c_str()) : nullptr;
-    return handle_;
+    return handle_ = created_ ? backend::OpenTestPrinter(name_.c_str()) : nullptr;
 }
 
 }  // namespace hmitest

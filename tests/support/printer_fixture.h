@@ -1,6 +1,5 @@
-// A throwaway printer whose data tests write with SetPrinterDataExW: on Linux a store file in a
-// private temporary directory, on Windows (Wine) a printer added to the spooler. Both are removed
-// by the destructor.
+// A throwaway printer whose data tests write with SetPrinterDataExW: on Linux a store file in a private
+// temporary directory, on Windows (Wine) a printer added to the spooler. The destructor removes it.
 #ifndef HMI_TEST_PRINTER_FIXTURE_H
 #define HMI_TEST_PRINTER_FIXTURE_H
 
@@ -17,25 +16,27 @@ public:
     TestPrinter(const TestPrinter&) = delete;
     TestPrinter& operator=(const TestPrinter&) = delete;
 
-    // Whether the printer exists and handle() is open.
-    bool ok() const { return handle_ != nullptr; }
+    bool ok() const { return handle_ != nullptr; }  // the printer exists and handle() is open
     HANDLE handle() const { return handle_; }
-    // What OpenPrinterW takes to open this printer.
-    const WCHAR* name() const { return name_.c_str(); }
-
-    // Stores exactly the bytes given, on both platforms.
-    bool Set(const WCHAR* key, const WCHAR* value, DWORD type, const void* data, DWORD bytes);
+    bool Set(const WCHAR* key, const WCHAR* value, DWORD type, const void* data, DWORD bytes);  // exactly these bytes
     bool SetText(const WCHAR* key, const WCHAR* value, const WCHAR* text);  // REG_SZ with its terminator
     bool SetDword(const WCHAR* key, const WCHAR* value, DWORD number);
     bool Remove(const WCHAR* key, const WCHAR* value);
-    // Closes the handle and opens the printer again; null when that fails.
-    HANDLE Reopen();
+    HANDLE Reopen();  // closes the handle and opens the printer again; null when that fails
 
 private:
     std::basic_string<WCHAR> name_;
     bool created_ = false;
     HANDLE handle_ = nullptr;
 };
+
+// What TestPrinter does differently per platform (support/posix/, support/win32/).
+namespace backend {
+bool CreatePrinter(std::basic_string<WCHAR>& name);  // a printer without data
+HANDLE OpenTestPrinter(const WCHAR* name);  // with the right to change its data; null on failure
+void DestroyPrinter(HANDLE handle, const WCHAR* name);  // closes the handle (when not null) and removes it
+DWORD DeleteValue(HANDLE handle, const WCHAR* name, const WCHAR* key, const WCHAR* value);
+}  // namespace backend
 
 }  // namespace hmitest
 

@@ -1,11 +1,10 @@
 // Windows (and Wine): a printer added to the spooler with a driver of ours, deleted at the end.
-#include "support/printer_backend.h"
+#include "support/printer_fixture.h"
 
 #include <atomic>
 
 namespace hmitest {
 namespace backend {
-
 namespace {
 
 WCHAR kDriverName[] = L"XRVHMI Test Driver";
@@ -13,13 +12,11 @@ WCHAR kDriverName[] = L"XRVHMI Test Driver";
 // Once per process; adding a driver that is already installed succeeds as well.
 bool InstallDriver() {
     static const bool installed = [] {
-        WCHAR driverFile[] = L"wineps.drv";
-        WCHAR dataFile[] = L"generic.ppd";
+        WCHAR driverFile[] = L"wineps.drv", dataFile[] = L"generic.ppd";
         DRIVER_INFO_3W info = {};
         info.cVersion = 3;
         info.pName = kDriverName;
-        info.pDriverPath = driverFile;
-        info.pConfigFile = driverFile;
+        info.pDriverPath = info.pConfigFile = driverFile;
         info.pDataFile = dataFile;
         return AddPrinterDriverExW(nullptr, 3, reinterpret_cast<LPBYTE>(&info), APD_COPY_NEW_FILES) != FALSE;
     }();
@@ -27,9 +24,7 @@ bool InstallDriver() {
 }
 
 bool AddTestPrinter(std::wstring& name) {
-    WCHAR port[] = L"FILE:";
-    WCHAR processor[] = L"WinPrint";
-    WCHAR datatype[] = L"RAW";  // without it the printer cannot be opened (error 1801)
+    WCHAR port[] = L"FILE:", processor[] = L"WinPrint", datatype[] = L"RAW";  // without RAW: error 1801 on open
     PRINTER_INFO_2W info = {};
     info.pPrinterName = &name[0];
     info.pPortName = port;
@@ -37,9 +32,7 @@ bool AddTestPrinter(std::wstring& name) {
     info.pPrintProcessor = processor;
     info.pDatatype = datatype;
     HANDLE added = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&info));
-    if (!added) return false;
-    ClosePrinter(added);
-    return true;
+    return added && (ClosePrinter(added), true);
 }
 
 }  // namespace
@@ -75,8 +68,7 @@ DWORD DeleteValue(HANDLE handle, const WCHAR* name, const WCHAR* key, const WCHA
     // Wine's spooler answers every DeletePrinterDataExW with ERROR_INVALID_PARAMETER; its printer
     // data lives in the registry, where the value can be deleted directly.
     std::wstring path = std::wstring(L"System\\CurrentControlSet\\Control\\Print\\Printers\\") + name + L"\\" + key;
-    LSTATUS status = RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, path.c_str(), value);
-    return static_cast<DWORD>(status);
+    return static_cast<DWORD>(RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, path.c_str(), value));
 }
 
 }  // namespace backend

@@ -2,7 +2,6 @@
 // state, which the shared library does not share with a test on Linux): COM and allocation failure.
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <functional>
 #include <thread>
 
@@ -24,14 +23,12 @@ protected:
     static bool HasFullTree(HMIAccess* access, HMIXMLMediaDetail* detail) {
         _tagHMIMediaInfo info;
         _tagHMIPrintQualityInfo quality;
-        const _tagHMIMediaInfo expectedInfo = FullMediumInfo(HMI_W("Full"));
-        const _tagHMIPrintQualityInfo expectedQuality = FullRgbQuality();
         HMIXMLMediaColorMode* color = HMIFilterColorMode(access, detail, HMI_COLORMODE_COLOR);
         HMIXMLMediaPrintPurpose* photo =
             HMIFilterPrintPurpose(access, HMIFilterBorderless(access, color, HMI_ON), HMI_PRINTPURPOSE_PHOTO);
-        return HMIGetMediaInfo(access, detail, &info) && std::memcmp(&info, &expectedInfo, sizeof info) == 0 &&
+        return HMIGetMediaInfo(access, detail, &info) && SameBytes(info, FullMediumInfo(HMI_W("Full"))) &&
                HMIGetPrintQualityInfo(access, photo, 0, HMI_PRINTQUALITY_3, &quality) &&
-               std::memcmp(&quality, &expectedQuality, sizeof quality) == 0;
+               SameBytes(quality, FullRgbQuality());
     }
 
     TestPrinter printer;
@@ -41,15 +38,9 @@ protected:
 // apartment (the load's CoInitialize answers S_FALSE) or in the multithreaded one (RPC_E_CHANGED_MODE)
 // is left in it, still holding exactly the test's own initialisation.
 TEST_F(MediaDetailCache, FirstLoadLeavesTheThreadsComAsItFoundIt) {
-    const struct {
-        const char* name;
-        bool entered;
-        DWORD model;
-    } cases[] = {
-        {"no COM", false, COINIT_APARTMENTTHREADED},
-        {"apartment", true, COINIT_APARTMENTTHREADED},
-        {"multithreaded", true, COINIT_MULTITHREADED},
-    };
+    const struct { const char* name; bool entered; DWORD model; } cases[] = {
+        {"no COM", false, COINIT_APARTMENTTHREADED}, {"apartment", true, COINIT_APARTMENTTHREADED},
+        {"multithreaded", true, COINIT_MULTITHREADED}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         HMIAccess* access = HMIOpen(printer.handle());
@@ -81,10 +72,7 @@ TEST_F(MediaDetailCache, AllocationFailureInTheFirstLoadCachesNothing) {
         // libxml2 recovers from some failures; then the tree must be the right one.
         EXPECT_TRUE(detail || injected);
         HMIXMLMediaDetail* again = HMIFilterMedia(access, HMI_W("Full"));
-        EXPECT_TRUE(HasFullTree(access, again));
-        if (detail) {
-            EXPECT_EQ(again, detail);
-        }
+        EXPECT_TRUE(HasFullTree(access, again) && (!detail || again == detail));
         HMIClose(access);
         EXPECT_EQ(LiveAllocations(), liveBefore);
         access = HMIOpen(printer.handle());
