@@ -95,8 +95,7 @@ inline std::vector<HostileFile> HostileFiles(const TestFiles& files) {
     return {
         {"missing file", files.Path("missing"), true},
         {"missing directory", files.dir.string<WCHAR>() + HMI_W("/missing/db.xml"), true},
-        {"directory", files.dir.string<WCHAR>(), true},
-        {"empty file", files.Write("empty", ""), true},
+        {"directory", files.dir.string<WCHAR>(), true}, {"empty file", files.Write("empty", ""), true},
         {"not XML", files.Write("text", "db_format_ver=2.10\n"), true},
         {"unclosed", files.Write("unclosed", MediaXml(EveryReaderBody()).substr(0, 200)), true},
         {"10000 deep", files.Write("deep", MediaXml(open + EveryReaderBody() + close)), true},
