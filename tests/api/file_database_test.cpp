@@ -123,16 +123,12 @@ TEST_F(FileDatabase, MediaInfoHeaderOfTheElementWithThatId) {
         std::optional<BOOL> visible;
         std::string checksum;
     } cases[] = {
-        {"Nested", TRUE, Z("Nested"), TRUE, Z(sum32)},
-        {"lower", TRUE, Z("lower"), FALSE, Z("s")},
+        {"Nested", TRUE, Z("Nested"), TRUE, Z(sum32)}, {"lower", TRUE, Z("lower"), FALSE, Z("s")},
         {"word", TRUE, Z("word"), FALSE, std::string(1, '\0') + Chars(33, 'K').substr(1)},
         {id64, TRUE, Z(id64), TRUE, Z(sum32)},
         {id300, TRUE, std::string(1, '\0') + id300.substr(1, 64), TRUE, Z(sum32)},
-        {"it's", TRUE, Z("it's"), TRUE, Z(sum32)},
-        {"NoSum", FALSE, Z("NoSum"), TRUE, ""},
-        {"NoVisible", FALSE, Z("NoVisible"), {}, ""},
-        {"nested", FALSE, "", {}, ""},
-        {"q\"", FALSE, "", {}, ""},
+        {"it's", TRUE, Z("it's"), TRUE, Z(sum32)}, {"NoSum", FALSE, Z("NoSum"), TRUE, ""},
+        {"NoVisible", FALSE, Z("NoVisible"), {}, ""}, {"nested", FALSE, "", {}, ""}, {"q\"", FALSE, "", {}, ""},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.id.substr(0, 12));
