@@ -114,8 +114,7 @@ TEST_F(FileDatabase, MediaInfoHeaderOfTheElementWithThatId) {
         PaperType("lower", "<iv:visible>on</iv:visible><iv:checksum>s</iv:checksum>") +
         PaperType("word", "<iv:visible>ONE</iv:visible><iv:checksum>" + Chars(33, 'K') + "</iv:checksum>") +
         PaperType("NoVisible", "<visible>ON</visible><iv:checksum>s</iv:checksum>") +
-        PaperType(id64, ok) + PaperType(id300, ok) + PaperType("it's", ok) + PaperType("q&quot;", ok) +
-        "<iv:checksum>stray</iv:checksum>"));
+        PaperType(id64, ok) + PaperType(id300, ok) + "<iv:checksum>stray</iv:checksum>"));
     const struct {
         std::string id;
         BOOL result;
@@ -127,8 +126,8 @@ TEST_F(FileDatabase, MediaInfoHeaderOfTheElementWithThatId) {
         {"word", TRUE, Z("word"), FALSE, std::string(1, '\0') + Chars(33, 'K').substr(1)},
         {id64, TRUE, Z(id64), TRUE, Z(sum32)},
         {id300, TRUE, std::string(1, '\0') + id300.substr(1, 64), TRUE, Z(sum32)},
-        {"it's", TRUE, Z("it's"), TRUE, Z(sum32)}, {"NoSum", FALSE, Z("NoSum"), TRUE, ""},
-        {"NoVisible", FALSE, Z("NoVisible"), {}, ""}, {"nested", FALSE, "", {}, ""}, {"q\"", FALSE, "", {}, ""},
+        {"NoSum", FALSE, Z("NoSum"), TRUE, ""}, {"NoVisible", FALSE, Z("NoVisible"), {}, ""},
+        {"nested", FALSE, "", {}, ""},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.id.substr(0, 12));

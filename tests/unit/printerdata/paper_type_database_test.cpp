@@ -124,11 +124,9 @@ TEST(BrokenCommonValue, DecidesWhetherTheOpenFails) {
         std::vector<unsigned char> data;  // empty with remove = true: the value is missing
         bool remove, opens;
     } cases[] = {
-        {"db_format_ver", REG_SZ, {}, true, false}, {"db_format_ver", REG_SZ, {}, false, false},
-        {"db_format_ver", REG_SZ, {'a', 0, 'b', 0, 0, 0}, false, true}, {"product_id", REG_SZ, {}, true, false},
+        {"db_format_ver", REG_SZ, {}, true, false}, {"db_format_ver", REG_SZ, {'a', 0, 'b', 0, 0, 0}, false, true},
         {"product_id", REG_SZ, std::vector<unsigned char>(20, 'A'), false, false},
         {"pop-db-time", REG_SZ, std::vector<unsigned char>(42, 'A'), false, false},
-        {"pop-db-time", REG_SZ, {}, true, false}, {"papertype_info_list", REG_DWORD, {}, true, false},
         {"papertype_info_list", REG_BINARY, {1, 0, 0, 0, 0}, false, false},
         {"papertype_info_list", REG_BINARY, {2}, false, true},
     };
