@@ -12,13 +12,15 @@ bool HMIReadAvailableMediaFile(const WCHAR* path, _tagHMIAvailableMedia* buffer,
     if (!HMIListBufferFits(buffer, bufferBytes, HMI_AVAILABLE_MEDIA_BYTES(list.length), requiredBytes)) return false;
     std::memset(buffer, 0, bufferBytes);
     buffer->ids = reinterpret_cast<WCHAR(*)[65]>(buffer + 1);
-    for (LONG i = 0; i < list.length; ++i) {
+    // An item without an id is skipped; one that cannot be read for want of memory fails the list.
+    bool failed = false;
+    for (LONG i = 0; i < list.length && !failed; ++i) {
         HMIComPtr<IXMLDOMNode> item;
-        if (!list.Item(i, item)) continue;
-        const HMIHeapString id = HMITextOf(HMIGetAttributeText, HMI_W("id"), item.get());
+        if (!list.Item(i, item, &failed)) continue;
+        const HMIHeapString id = HMIItemTextOf(&failed, HMIGetAttributeText, HMI_W("id"), item.get());
         if (!id) continue;
         // An id too long for its entry leaves the entry empty, and it still counts.
         HMIBoundedCopyFile(buffer->ids[buffer->count++], id.get());
     }
-    return true;
+    return !failed;
 }

@@ -9,12 +9,18 @@
 #include "xml/hmi_xml_document.h"
 #include "xml/hmi_xml_query.h"
 
-// What a text query of the XML layer answers, owned; null when it found no text.
+// What a text query of the XML layer answers, owned; null when it found no text. With failed given,
+// *failed is set when memory ran out, so that a list reader does not take that for a missing item.
+template <typename Query, typename... Args>
+HMIHeapString HMIItemTextOf(bool* failed, Query query, Args... args) noexcept {
+    WCHAR* text = nullptr;
+    query(args..., &text, failed);
+    return HMIHeapString(text);
+}
+
 template <typename Query, typename... Args>
 HMIHeapString HMITextOf(Query query, Args... args) noexcept {
-    WCHAR* text = nullptr;
-    query(args..., &text);
-    return HMIHeapString(text);
+    return HMIItemTextOf(nullptr, query, args...);
 }
 
 // Hands the text of the first element localName below context to store; false when there is none.
@@ -51,9 +57,11 @@ struct HMIFileItemList {
                SUCCEEDED(items->get_length(&length)) && length > 0;
     }
 
-    // Item i; false when the list cannot hand it out.
-    bool Item(LONG i, HMIComPtr<IXMLDOMNode>& item) const noexcept {
-        return SUCCEEDED(items->get_item(i, item.put())) && item;
+    // Item i; false when the list cannot hand it out, and *failed set when memory ran out.
+    bool Item(LONG i, HMIComPtr<IXMLDOMNode>& item, bool* failed) const noexcept {
+        const HRESULT hr = items->get_item(i, item.put());
+        if (hr == E_OUTOFMEMORY) *failed = true;
+        return SUCCEEDED(hr) && item;
     }
 };
 

@@ -6,11 +6,12 @@
 
 namespace {
 
-// Fills entry from item; false (the item skipped) when its language or name is missing or too long.
-bool ReadNameItem(IXMLDOMNode* item, _tagHMIMediaName& entry) {
-    const HMIHeapString language = HMITextOf(HMIGetAttributeText, HMI_W("language"), item);
+// Fills entry from item; false (the item skipped) when its language or name is missing or too long,
+// and *failed set when memory ran out.
+bool ReadNameItem(IXMLDOMNode* item, _tagHMIMediaName& entry, bool* failed) {
+    const HMIHeapString language = HMIItemTextOf(failed, HMIGetAttributeText, HMI_W("language"), item);
     if (!language || !HMIBoundedCopyFile(entry.language, language.get())) return false;
-    const HMIHeapString name = HMITextOf(HMIGetNodeText, item);
+    const HMIHeapString name = HMIItemTextOf(failed, HMIGetNodeText, item);
     return name && HMIBoundedCopyFile(entry.name, name.get());
 }
 
@@ -26,11 +27,12 @@ bool HMIReadMediaNameListFile(const WCHAR* path, _tagHMIMediaNameList* buffer, s
     if (!HMIListBufferFits(buffer, bufferBytes, required, requiredBytes)) return false;
     std::memset(buffer, 0, required);
     buffer->names = reinterpret_cast<_tagHMIMediaName*>(buffer + 1);
-    for (LONG i = 0; i < list.length; ++i) {
+    bool failed = false;
+    for (LONG i = 0; i < list.length && !failed; ++i) {
         HMIComPtr<IXMLDOMNode> item;
-        if (!list.Item(i, item)) continue;
+        if (!list.Item(i, item, &failed)) continue;
         // A skipped item's entry is taken by the next item that succeeds.
-        if (ReadNameItem(item.get(), buffer->names[buffer->count])) ++buffer->count;
+        if (ReadNameItem(item.get(), buffer->names[buffer->count], &failed)) ++buffer->count;
     }
-    return true;
+    return !failed;
 }

@@ -7,14 +7,21 @@
 
 namespace {
 
-// Runs a query that HMIFormatString built (its result and text), taking ownership of the text.
-bool SelectFormattedQuery(int formatted, WCHAR* query, IXMLDOMNode* context, WCHAR** out) {
+// False, and *failed set when given: the answer of a query that ran out of memory.
+bool OutOfMemory(bool* failed) {
+    if (failed) *failed = true;
+    return false;
+}
+
+// Runs a query that HMIFormatString built (its result and text), taking ownership of the text. The
+// arguments are never null here, so a formatting failure is an allocation failure.
+bool SelectFormattedQuery(int formatted, WCHAR* query, IXMLDOMNode* context, WCHAR** out, bool* failed) {
     HMIHeapString owner(query);
-    if (formatted < 0) return false;
+    if (formatted < 0) return OutOfMemory(failed);
     HMIBSTR queryText;
-    if (!queryText.assign(owner.get())) return false;
+    if (!queryText.assign(owner.get())) return OutOfMemory(failed);
     owner.reset();
-    return HMISelectNodeText(queryText.str, context, out);
+    return HMISelectNodeText(queryText.str, context, out, failed);
 }
 
 bool ClearOut(WCHAR** out) {
@@ -25,40 +32,44 @@ bool ClearOut(WCHAR** out) {
 
 }  // namespace
 
-bool HMIGetNodeText(IXMLDOMNode* node, WCHAR** out) noexcept {
+bool HMIGetNodeText(IXMLDOMNode* node, WCHAR** out, bool* failed) noexcept {
     if (!ClearOut(out) || !node) return false;
     HMIBSTR text;
-    if (FAILED(node->get_text(text.put()))) return false;
+    const HRESULT hr = node->get_text(text.put());
+    if (FAILED(hr)) return hr == E_OUTOFMEMORY ? OutOfMemory(failed) : false;
     *out = HMIStrDup(text.str);
+    if (!*out && text.str && *text.str) return OutOfMemory(failed);
     return *out != nullptr;
 }
 
-bool HMISelectNodeText(BSTR query, IXMLDOMNode* context, WCHAR** out) noexcept {
+bool HMISelectNodeText(BSTR query, IXMLDOMNode* context, WCHAR** out, bool* failed) noexcept {
     if (!ClearOut(out) || !context) return false;
     HMIComPtr<IXMLDOMNode> node;
-    if (FAILED(context->selectSingleNode(query, node.put())) || !node) return false;
-    return HMIGetNodeText(node.get(), out);
+    const HRESULT hr = context->selectSingleNode(query, node.put());
+    if (hr == E_OUTOFMEMORY) return OutOfMemory(failed);
+    if (FAILED(hr) || !node) return false;
+    return HMIGetNodeText(node.get(), out, failed);
 }
 
-bool HMIGetAttributeText(const WCHAR* name, IXMLDOMNode* node, WCHAR** out) noexcept {
-    if (!ClearOut(out) || !node) return false;
+bool HMIGetAttributeText(const WCHAR* name, IXMLDOMNode* node, WCHAR** out, bool* failed) noexcept {
+    if (!ClearOut(out) || !name || !node) return false;
     WCHAR* query = nullptr;
     const int formatted = HMIFormatString(&query, HMI_W("@%s"), name);
-    return SelectFormattedQuery(formatted, query, node, out);
+    return SelectFormattedQuery(formatted, query, node, out, failed);
 }
 
-bool HMIGetElementText(const WCHAR* localName, IXMLDOMNode* context, WCHAR** out) noexcept {
-    if (!ClearOut(out) || !context) return false;
+bool HMIGetElementText(const WCHAR* localName, IXMLDOMNode* context, WCHAR** out, bool* failed) noexcept {
+    if (!ClearOut(out) || !localName || !context) return false;
     WCHAR* query = nullptr;
     const int formatted = HMIFormatString(&query, HMI_W(".//%s:%s"), HMI_MEDIA_PREFIX, localName);
-    return SelectFormattedQuery(formatted, query, context, out);
+    return SelectFormattedQuery(formatted, query, context, out, failed);
 }
 
 bool HMIGetElementTextByLanguage(const WCHAR* localName, const WCHAR* language, IXMLDOMNode* context,
-                                 WCHAR** out) noexcept {
-    if (!ClearOut(out) || !language || !context) return false;
+                                 WCHAR** out, bool* failed) noexcept {
+    if (!ClearOut(out) || !localName || !language || !context) return false;
     WCHAR* query = nullptr;
     const int formatted = HMIFormatString(&query, HMI_W(".//%s:%s[@%s=\"%s\"]"), HMI_MEDIA_PREFIX, localName,
                                           HMI_W("language"), language);
-    return SelectFormattedQuery(formatted, query, context, out);
+    return SelectFormattedQuery(formatted, query, context, out, failed);
 }
