@@ -48,8 +48,6 @@ TEST_F(FileDatabase, CommonInfoWrittenFieldByFieldInPlace) {
         {"short texts leave the rest", "<iv:pop-db-time>t</iv:pop-db-time><iv:product_id>X'\"</iv:product_id>"
                                        "<iv:db_format_ver>2.25abc</iv:db_format_ver><iv:db_format_ver>9</iv:db_format_ver>",
          TRUE, 2.25f, Z("X'\""), Z("t")},
-        {"no time", "<iv:db_format_ver>3</iv:db_format_ver><iv:product_id>P</iv:product_id><pop-db-time>t</pop-db-time>",
-         FALSE, 3.0f, Z("P"), ""},
         {"empty product", "<iv:db_format_ver>3</iv:db_format_ver><iv:product_id/><iv:pop-db-time>t</iv:pop-db-time>",
          FALSE, 3.0f, "", ""},
         {"no version", "<iv:product_id>P</iv:product_id><iv:pop-db-time>t</iv:pop-db-time>", FALSE, {}, "", ""},
@@ -140,19 +138,6 @@ TEST_F(FileDatabase, MediaInfoHeaderOfTheElementWithThatId) {
         Picture(want.checksum, c.checksum);
         EXPECT_TRUE(SameBytes(have, want));
     }
-}
-
-TEST_F(FileDatabase, Utf16File) {
-    const WString text = HMI_W("<?xml version=\"1.0\" encoding=\"UTF-16\"?><iv:r xmlns:iv=\"") +
-                         WString(HMI_MEDIA_NAMESPACE) + HMI_W("\"><iv:product_id>") + HMI_W("\x7D19") +
-                         HMI_W("-1</iv:product_id><iv:pop-db-time>") + HMI_W("\x00E9") +
-                         HMI_W("</iv:pop-db-time><iv:db_format_ver>4</iv:db_format_ver></iv:r>");
-    const WString path = files.Write("utf16", Utf16File(text));
-    _tagHMICommonInfo info{};
-    ASSERT_EQ(HMIGetCommonInfoFile(access, path.c_str(), &info), TRUE);
-    EXPECT_EQ(WString(info.product_id), WString(HMI_W("\x7D19")) + HMI_W("-1"));
-    EXPECT_EQ(WString(info.pop_db_time), HMI_W("\x00E9"));
-    EXPECT_EQ(info.db_format_ver, 4.0f);
 }
 
 }  // namespace

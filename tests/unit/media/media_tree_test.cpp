@@ -139,21 +139,6 @@ TEST_F(MediaTreeTest, FirstMediumInNoNamespaceOnly) {
     EXPECT_EQ(observer.rejections, std::vector<std::string>{": no \"medium\" element in no namespace"});
 }
 
-TEST_F(MediaTreeTest, GenericNodeCopiesTextAttributesAndChildren) {
-    auto node = ParseElement(HMI_W(R"(<v a="1" b="" iv:a="2" xmlns:iv="urn:x">first<!--c-->second<x/><y>
-        <![CDATA[ raw ]]></y><x>3</x><z></z></v>)"));
-    ASSERT_TRUE(node);
-    EXPECT_EQ(Ascii(node->Text()), "second");
-    ASSERT_EQ(node->Children().size(), 4u);
-    EXPECT_EQ(node->FindChild(HMI_W("x")), node->Children()[0]);
-    EXPECT_EQ(node->Children()[2]->Parent(), node.get());
-    EXPECT_EQ(Ascii(node->FindChild(HMI_W("y"))->Text()), " raw ");
-    EXPECT_EQ(node->FindChild(HMI_W("z"))->Text(), nullptr);
-    EXPECT_EQ(Ascii(node->FindAttribute(HMI_W("a"))->Text()), "1");
-    EXPECT_EQ(node->FindAttribute(HMI_W("b"))->Text(), nullptr);
-    EXPECT_EQ(node->AttributeIndex().count(HMI_W("a")), 2u);
-}
-
 TEST_F(MediaTreeTest, WholeMediumIsRejectedAndExplained) {
     const WString purpose =
         HMI_W(R"(<printcolormode type="color"><borderlessprint type="ON"><print_purpose type="photo">)");

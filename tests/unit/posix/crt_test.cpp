@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cstdarg>
 #include <string>
 
 #include "platform/platform.h"
@@ -35,21 +34,6 @@ TEST(PosixCrt, LongNumbersAreConvertedExactlyOrNotAtAll) {
             EXPECT_EQ(static_cast<size_t>(end - text.c_str()), injected ? 0 : text.size() - 1);
         });
     EXPECT_EQ(failures, 1);
-}
-
-int Measure(const char16_t* format, ...) {
-    va_list args;
-    va_start(args, format);
-    const int n = _vscwprintf(format, args);
-    va_end(args);
-    return n;
-}
-
-TEST(PosixCrt, FormatsOutsideTheSupportedSetFailAndWideFieldsAreCounted) {
-    const char16_t* const unsupported[] = {u"%f", u"%ls", u"%.2d", u"%+d", u"trailing %", u"%2147483648d", nullptr};
-    for (const auto& format : unsupported) EXPECT_EQ(Measure(format, 1), -1) << "case #" << (&format - unsupported);
-    EXPECT_EQ(Measure(u"%2000000000d", 1), 2000000000);
-    EXPECT_TRUE(lstrcmpW(u"A", u"a") < 0 && lstrcmpW(u"\U0001F600", u"\uFFFF") < 0) << "ordered by code unit";
 }
 
 }  // namespace

@@ -21,9 +21,9 @@ namespace hmitest {
 using WideString = std::basic_string<WCHAR>;
 
 // A document whose root element iv:media declares the media-information namespace.
-inline WideString MediaDocument(const WideString& body, const WideString& rootAttributes = WideString()) {
-    return HMI_W("<?xml version=\"1.0\"?><iv:media xmlns:iv=\"") + WideString(HMI_MEDIA_NAMESPACE) + HMI_W("\"") +
-           rootAttributes + HMI_W(">") + body + HMI_W("</iv:media>");
+inline WideString MediaDocument(const WideString& body) {
+    return HMI_W("<?xml version=\"1.0\"?><iv:media xmlns:iv=\"") + WideString(HMI_MEDIA_NAMESPACE) + HMI_W("\">") + body +
+           HMI_W("</iv:media>");
 }
 
 // Takes a query result: its text, or "<none>" for null.
@@ -61,8 +61,8 @@ class XmlTest : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(com_.ok()); }
 
-    void Load(const WideString& body, const WideString& rootAttributes = WideString()) {
-        *document_.put() = HMILoadXMLText(MediaDocument(body, rootAttributes).c_str());
+    void Load(const WideString& body) {
+        *document_.put() = HMILoadXMLText(MediaDocument(body).c_str());
         ASSERT_TRUE(document_);
     }
 

@@ -1,8 +1,6 @@
 // Linux only: steers the COM and DOM substitutes through their test hooks; DTDs too, which Wine's MSXML 6.0 accepts.
 #include <gtest/gtest.h>
 
-#include <thread>
-
 #include "posix/testhooks.h"
 #include "../xml_test_support.h"
 
@@ -32,18 +30,6 @@ TEST_F(XmlSubstituteTest, AllocationFailureAnywhereLeavesNoDomObjectOrBstrAlive)
         EXPECT_EQ(HMITestLiveDomObjects(), domObjects);
         EXPECT_EQ(HMITestLiveBstrs(), bstrs);
     }), 5) << "BSTRs, DOM objects and the parser's own allocations can all fail";
-}
-
-TEST(XmlSubstituteApartment, FailedInitialisationStopsTheCallAndIsNotUndone) {
-    std::thread([] {
-        ASSERT_EQ(CoInitialize(nullptr), S_OK);
-        HMITestForceCoInitializeResult(E_OUTOFMEMORY);
-        EXPECT_FALSE(HMIComApartment().ok());
-        HMITestForceCoInitializeResult(S_OK);
-        EXPECT_EQ(CoInitialize(nullptr), S_FALSE) << "the thread's own initialisation is untouched";
-        CoUninitialize();
-        CoUninitialize();
-    }).join();
 }
 
 }  // namespace
