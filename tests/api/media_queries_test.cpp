@@ -39,14 +39,11 @@ class MediaQueries : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(WriteDatabase(printer, {{"00000001", "Full"}, {"00000010", "Cascade"}, {"00000011", "NoAll"},
-                                            {"00000020", "Glossy"}, {"00000021", "GLOSSY"}, {"00000030", "Broken0"},
+                                            {"00000030", "Broken0"},
                                             {"00000031", "Broken1"}, {"00000032", "Broken2"}, {"00000033", "Broken3"},
                                             {"00000040", kId64}, {"00000041", kId64 + "X"}}));
         ASSERT_TRUE(WriteMedium(printer, 0x01, FullMediumBody()) && WriteMedium(printer, 0x10, W(kCascade)) &&
-                    WriteMedium(printer, 0x11, W(kNoAll)) &&
-                    WriteMedium(printer, 0x20, W("<format_version>low</format_version>")) &&
-                    WriteMedium(printer, 0x21, W("<format_version>UP</format_version>")) &&
-                    WriteMedium(printer, 0x40, FullMediumBody()) && WriteMedium(printer, 0x41, FullMediumBody()));
+                    WriteMedium(printer, 0x11, W(kNoAll)) && WriteMedium(printer, 0x40, FullMediumBody()) && WriteMedium(printer, 0x41, FullMediumBody()));
         ASSERT_NE(access = HMIOpen(printer.Reopen()), nullptr);
     }
     void TearDown() override { HMIClose(access); }
@@ -71,17 +68,6 @@ TEST_F(MediaQueries, CachedDetailIsReturnedWithoutReadingThePrinterAgain) {
     EXPECT_EQ(Media("Full"), full);
     EXPECT_TRUE(HasFullInfo("Full"));
     EXPECT_EQ(Media("Cascade"), nullptr);
-}
-
-TEST_F(MediaQueries, IdsDifferingInCaseAreDifferentMedia) {
-    HMIXMLMediaDetail* lower = Media("Glossy");
-    _tagHMIMediaInfo info;
-    ASSERT_EQ(HMIGetMediaInfo(access, Media("GLOSSY"), &info), 1);
-    EXPECT_EQ(W("UP"), info.format_version);
-    ASSERT_EQ(HMIGetMediaInfo(access, lower, &info), 1);
-    EXPECT_EQ(W("low"), info.format_version);
-    EXPECT_EQ(Media("glossy"), nullptr);
-    EXPECT_EQ(Media("Glossy"), lower);
 }
 
 // Every chain of filters and its Direct form give the same node; -1 marks no node.
@@ -212,7 +198,6 @@ TEST_F(MediaQueries, BrokenMediumFailsEveryTimeUntilRepaired) {
 TEST_F(MediaQueries, MediaOfTheFirstDatabaseLoadFromTheCurrentPrinter) {
     EXPECT_TRUE(HasFullInfo(kId64));
     EXPECT_EQ(Media(kId64 + "X"), nullptr);
-    EXPECT_EQ(Media("Unlisted"), nullptr);
     EXPECT_EQ(Media(""), nullptr);
     HMIXMLMediaDetail* full = Media("Full");
     ASSERT_NE(full, nullptr);

@@ -1,6 +1,5 @@
 #include <filesystem>
 #include <fstream>
-#include <thread>
 #include "dom/dom_fixture.h"
 
 using namespace std::string_literals;
@@ -43,29 +42,6 @@ TEST_F(DomTest, LoadReadsAPathOrFileUrlInTheFilesEncoding) {
         EXPECT_EQ(u"\u00E9", TextAt(u"/a")) << &c - cases;
     }
     std::filesystem::remove(path);
-}
-
-// On a thread of its own, so that it starts without COM.
-TEST(Com, CreationNeedsInitialisation) {
-    std::thread([] {
-        Own<IXMLDOMDocument2*> document;
-        EXPECT_EQ(CO_E_NOTINITIALIZED, CreateDocument(HMI_CLSID_DOMDocument60, document.Out()));
-        EXPECT_TRUE(!document);
-    }).join();
-}
-
-TEST_F(DomTest, NodesOutliveTheirDocumentAndItsReload) {
-    ASSERT_TRUE(Load(u"<a><b>x</b><c>y</c></a>"));
-    Own<IXMLDOMNode*> node, second;
-    Own<IXMLDOMNodeList*> children;
-    ASSERT_EQ(S_OK, Select(u"/a", node));
-    ASSERT_EQ(S_OK, node->get_childNodes(children.Out()));
-    ASSERT_TRUE(Load(u"<b>second</b>"));
-    EXPECT_EQ(u"second", TextOf(doc_));
-    doc_.Reset();
-    EXPECT_EQ(u"xy", TextOf(node));
-    ASSERT_EQ(S_OK, children->get_item(1, second.Out()));
-    EXPECT_EQ(u"y", TextOf(second));
 }
 
 }  // namespace

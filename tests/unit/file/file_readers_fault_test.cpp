@@ -1,11 +1,9 @@
 // The File readers with every allocation failing in turn (linked from the library's objects, so that
-// the hook sees them; the test allocates what it needs beforehand), and the COM frame on threads of
-// their own.
+// the hook sees them; the test allocates what it needs beforehand).
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <functional>
-#include <thread>
 #include <vector>
 
 #include "support/fault_injection.h"
@@ -47,28 +45,6 @@ TEST(FileReaders, EveryAllocationFailingInTurn) {
         const long failures = ForEachAllocationFailure(call, check);
         EXPECT_GT(failures, 0);
     }
-    HMIClose(access);
-}
-
-// COM for the whole call: a thread in the multithreaded apartment proceeds, a fresh thread is left
-// without COM afterwards.
-TEST(FileReaders, ComFrameOnThreadsOfTheirOwn) {
-    TestFiles files;
-    const WString path = files.Write("every", MediaXml(EveryReaderBody()));
-    HMIAccess* access = HMIOpen(nullptr);
-    ASSERT_NE(access, nullptr);
-    std::vector<unsigned char> out(kOutBytes);
-    std::thread([&] {
-        ASSERT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
-        for (const auto& [name, read] : FileReaders()) EXPECT_TRUE(read(access, path.c_str(), out.data(), nullptr)) << name;
-        CoUninitialize();
-    }).join();
-    std::thread([&] {
-        for (const auto& [name, read] : FileReaders()) EXPECT_TRUE(read(access, path.c_str(), out.data(), nullptr)) << name;
-        const HRESULT hr = CoInitialize(nullptr);
-        EXPECT_EQ(hr, S_OK) << "a reader left COM initialised";
-        if (SUCCEEDED(hr)) CoUninitialize();
-    }).join();
     HMIClose(access);
 }
 

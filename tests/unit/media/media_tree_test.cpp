@@ -1,15 +1,13 @@
-// Media trees built from document text: the keyword converters and list readers, records byte for
-// byte, dictionaries, the generic node, media rejected whole, depth limits and allocation failure.
+// Media trees built from document text: fields that read as nothing, media rejected whole and depth
+// limits. Records, dictionaries and allocation failure are checked through the exports (tests/api and the
+// detail cache test).
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <typeinfo>
 
 #include "media/media_detail.h"
-#include "media/tag_vocabulary.h"
-#include "support/fault_injection.h"
 #include "support/full_medium.h"
 #include "xml/hmi_bstr.h"
 #include "xml/hmi_com_apartment.h"
@@ -76,17 +74,6 @@ bool HasRecord(const Node* node, const Record& expected) {
     return node;
 }
 
-// The tree of FullMediumBody requested as id: the medium's record and that of its deepest node.
-void ExpectFullTree(const HMIXMLMediaDetail& detail, const WCHAR* id) {
-    HasRecord(&detail, hmitest::FullMediumInfo(id));
-    const HMIXMLMediaColorMode* color = detail.ColorModes().Find(HMI_COLORMODE_COLOR);
-    const HMIXMLMediaBorderlessMode* on = color ? color->BorderlessModes().Find(HMI_ON) : nullptr;
-    const HMIXMLMediaPrintPurpose* photo = on ? on->PrintPurposes().Find(HMI_PRINTPURPOSE_PHOTO) : nullptr;
-    ASSERT_NE(photo, nullptr);
-    const auto& rgb = hmitest::FullRgbQuality();
-    EXPECT_TRUE(HasRecord(photo->QualitiesRGB().Find(rgb.type), rgb));
-}
-
 class MediaTreeTest : public MediaDocumentTest {};
 
 // Over-long strings and unknown values leave their fields empty; the rest of the record is read.
@@ -104,39 +91,6 @@ TEST_F(MediaTreeTest, FieldsThatReadAsNothing) {
     quality.bit = 12;
     const HMIXMLNode* node = odd->FindChild(HMI_W("printquality_index"));
     EXPECT_TRUE(HasRecord(dynamic_cast<const HMIXMLMediaPrintQuality*>(node), quality));
-}
-
-// The first node under a key stays; unknown types are a key; names match case-sensitively and without
-// their prefix, as does the "type" attribute. Level elements anywhere else are typed, but filed nowhere.
-TEST_F(MediaTreeTest, ColourModeDictionary) {
-    auto detail = BuildMedium(HMI_W(R"(
-        <printcolormode type="color"><availableborderlessprint>ON</availableborderlessprint></printcolormode>
-        <printcolormode type="color"/><printcolormode type="Color"/><PrintColorMode type="monochrome"/>
-        <iv:printcolormode iv:type="all"><extra><borderlessprint type="ON"/></extra></iv:printcolormode>)"));
-    ASSERT_TRUE(detail);
-    const auto& children = detail->Children();
-    ASSERT_EQ(children.size(), 5u);
-    const HMIXMLMediaColorModeDic& modes = detail->ColorModes();
-    EXPECT_EQ(modes.size(), 3u);
-    EXPECT_EQ(modes.Find(HMI_COLORMODE_COLOR), children[0]);
-    EXPECT_EQ(modes.Find(HMI_COLORMODE_COLOR)->Info().availableborderlessprint.values[0], HMI_ON);
-    EXPECT_EQ(modes.Find(HMI_COLORMODE_INVALID), children[2]);
-    EXPECT_EQ(modes.Find(HMI_COLORMODE_MONOCHROME), nullptr);
-    ASSERT_EQ(modes.Find(HMI_COLORMODE_ALL), children[4]);
-    EXPECT_TRUE(modes.Find(HMI_COLORMODE_ALL)->BorderlessModes().empty());
-    const HMIXMLNode* borderless = children[4]->FindChild(HMI_W("extra"))->FindChild(HMI_W("borderlessprint"));
-    EXPECT_NE(dynamic_cast<const HMIXMLMediaBorderlessMode*>(borderless), nullptr);
-}
-
-TEST_F(MediaTreeTest, FirstMediumInNoNamespaceOnly) {
-    auto first = Build(HMI_W(R"(<db><medium><format_version>A</format_version></medium>
-        <medium><format_version>B</format_version></medium></db>)"));
-    ASSERT_TRUE(first);
-    EXPECT_EQ(Ascii(first->Info().format_version), "A");
-    EXPECT_FALSE(Build(HMI_W("<iv:medium xmlns:iv=\"urn:x\"/>")));
-    RecordingObserver observer;
-    EXPECT_FALSE(Build(WString(HMI_W("<medium xmlns=\"")) + HMI_MEDIA_NAMESPACE + HMI_W("\"/>"), &observer));
-    EXPECT_EQ(observer.rejections, std::vector<std::string>{": no \"medium\" element in no namespace"});
 }
 
 TEST_F(MediaTreeTest, WholeMediumIsRejectedAndExplained) {
@@ -200,40 +154,6 @@ TEST_F(MediaTreeTest, DeepDocumentsBuildUpToTheLimitAndNoFurther) {
     EXPECT_FALSE(ParseElement(Nested(8, HMI_W("t")), &chain.back()));
     ASSERT_EQ(observer.rejections.size(), 1u);
     EXPECT_NE(observer.rejections[0].find(": nested more than 256 levels deep"), std::string::npos);
-}
-
-// Allocation n fails for n = 1, 2, ... until a build runs without failure. Every build ends with
-// false, or with the complete tree; nothing survives it.
-TEST_F(MediaTreeTest, FullTreeIsExactAndAllocationFailureAtEveryStepLeavesNothing) {
-    const WString id64 = HMI_W("0123456789012345678901234567890123456789012345678901234567890123");
-    HMIXMLMediaDetail tooLong;
-    EXPECT_FALSE(tooLong.SetId((id64 + HMI_W("X")).c_str()));
-    EXPECT_EQ(tooLong.Info().id[0], 0);
-    ASSERT_TRUE(Load(MediumDocument(hmitest::FullMediumBody())));
-    RecordingObserver observer;
-    for (HMIXMLRejectionObserver* watching : std::initializer_list<HMIXMLRejectionObserver*>{&observer, nullptr}) {
-        SCOPED_TRACE(watching ? "with observer" : "without observer");
-        std::unique_ptr<HMIXMLMediaDetail> detail;
-        bool built = false;
-        long liveBefore = 0;
-        const std::function<void()> build = [&] {
-            detail.reset(new (std::nothrow) HMIXMLMediaDetail());
-            built = detail && detail->SetId(id64.c_str()) && detail->ParseDocument(document.get(), watching);
-        };
-        const std::function<void(bool)> check = [&](bool injected) {
-            EXPECT_TRUE(built || injected);
-            if (built) ExpectFullTree(*detail, id64.c_str());
-            detail.reset();
-            std::vector<std::string>().swap(observer.rejections);
-            EXPECT_EQ(hmitest::LiveAllocations(), liveBefore);
-        };
-        // A first build lets the DOM make whatever it keeps for the document's lifetime.
-        build();
-        ASSERT_TRUE(built);
-        detail.reset();
-        liveBefore = hmitest::LiveAllocations();
-        EXPECT_GT(hmitest::ForEachAllocationFailure(build, check), 100);
-    }
 }
 
 }  // namespace

@@ -36,14 +36,5 @@ TEST_F(DomSubstitute, DtdsAreRefusedBy60AndResolveNothingExternalOrExplosiveIn30
     EXPECT_FALSE(Load(bomb + u"]><a>&e9;</a>"));
 }
 
-TEST_F(DomSubstitute, NothingReachesStderr) {
-    testing::internal::CaptureStderr();
-    for (const Text xml : {u"<a>", u"<!DOCTYPE a><a/>", u"<p:a/>", u"<a>&e;</a>", u"<a x='1' x='2'/>"}) Load(xml);
-    Load(u"/nonexistent/hmi.xml", true);
-    Load(u"<a/>");
-    for (const Text query : {u"//[", u"//q:a", u"count(*)", u"f()"}) TextAt(query);
-    EXPECT_EQ("", testing::internal::GetCapturedStderr());
-}
-
 }  // namespace
 }  // namespace domtest

@@ -3,7 +3,6 @@
 
 #include "common/hmi_string.h"
 #include "printerdata/media_info_document.h"
-#include "support/fault_injection.h"
 #include "support/media_database.h"
 #include "xml/hmi_com_apartment.h"
 #include "xml/hmi_com_ptr.h"
@@ -75,15 +74,6 @@ TEST_F(MediaInfoDocument, ChunkThousandIsTheThousandAndFirst) {
     ASSERT_TRUE(printer.Set(key.c_str(), HMI_W("1000"), REG_BINARY, end.data(), DWORD(end.size() * 2)));
     ASSERT_TRUE(printer.Set(key.c_str(), HMI_W("0999"), REG_BINARY, never.data(), DWORD(never.size() * 2)));
     EXPECT_EQ(Load(), std::string(999, 'x'));
-}
-
-TEST_F(MediaInfoDocument, AllocationFailureAtEveryStep) {
-    const Bytes count = {2};
-    ASSERT_TRUE(Store(&count, {kDocument.substr(0, 20), kDocument.substr(20)}));
-    HANDLE handle = printer.Reopen();
-    const long before = LiveAllocations();
-    ForEachAllocationFailure([&] { HMIComPtr<IXMLDOMDocument2> document(LoadMediaInfoDocument(handle, key.c_str())); },
-                             [&](bool) { EXPECT_EQ(LiveAllocations(), before); });
 }
 
 }  // namespace

@@ -56,17 +56,5 @@ TEST_F(MediaName, ProbeCopyAndFailures) {
     }
 }
 
-TEST_F(MediaName, ReadsThroughTheCurrentPrinterHandle) {
-    TestPrinter other;
-    ASSERT_TRUE(other.SetText(MediumKey(0x1A, "HMN").c_str(), HMI_W("en"), HMI_W("Other")));
-    ASSERT_EQ(HMIUpdatePrinterHandle(access, other.Reopen()), 1);
-    WCHAR buffer[32];
-    size_t required = 0;
-    ASSERT_EQ(HMIGetMediaName(access, HMI_W("PhotoGlossyPro"), HMI_W("en"), buffer, 32, &required), 1);
-    EXPECT_EQ(WString(buffer), W("Other"));
-    ASSERT_EQ(HMIUpdatePrinterHandle(access, nullptr), 1);
-    EXPECT_EQ(HMIGetMediaName(access, HMI_W("PhotoGlossyPro"), HMI_W("en"), buffer, 32, &required), 0);
-}
-
 }  // namespace
 }  // namespace hmitest
