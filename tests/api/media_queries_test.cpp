@@ -38,12 +38,13 @@ const std::string kId64(64, 'L');
 class MediaQueries : public ::testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(WriteDatabase(printer, {{"00000001", "Full"}, {"00000010", "Cascade"}, {"00000011", "NoAll"},
-                                            {"00000030", "Broken0"},
-                                            {"00000031", "Broken1"}, {"00000032", "Broken2"}, {"00000033", "Broken3"},
-                                            {"00000040", kId64}, {"00000041", kId64 + "X"}}));
-        ASSERT_TRUE(WriteMedium(printer, 0x01, FullMediumBody()) && WriteMedium(printer, 0x10, W(kCascade)) &&
-                    WriteMedium(printer, 0x11, W(kNoAll)) && WriteMedium(printer, 0x40, FullMediumBody()) && WriteMedium(printer, 0x41, FullMediumBody()));
+        ASSERT_TRUE(WriteDatabase(printer, {{"00000001", "Full"}, {"00000002", "full"}, {"00000010", "Cascade"},
+                                            {"00000011", "NoAll"}, {"00000030", "Broken0"}, {"00000031", "Broken1"},
+                                            {"00000032", "Broken2"}, {"00000033", "Broken3"}, {"00000040", kId64},
+                                            {"00000041", kId64 + "X"}}));
+        ASSERT_TRUE(WriteMedium(printer, 0x01, FullMediumBody()) && WriteMedium(printer, 0x02, W(kNoAll)) &&
+                    WriteMedium(printer, 0x10, W(kCascade)) && WriteMedium(printer, 0x11, W(kNoAll)) &&
+                    WriteMedium(printer, 0x40, FullMediumBody()) && WriteMedium(printer, 0x41, FullMediumBody()));
         ASSERT_NE(access = HMIOpen(printer.Reopen()), nullptr);
     }
     void TearDown() override { HMIClose(access); }
@@ -62,6 +63,10 @@ protected:
 TEST_F(MediaQueries, CachedDetailIsReturnedWithoutReadingThePrinterAgain) {
     HMIXMLMediaDetail* full = Media("Full");
     ASSERT_NE(full, nullptr);
+    // Ids are compared case-sensitively: "full" is another medium, "FULL" none.
+    HMIXMLMediaDetail* lower = Media("full");
+    EXPECT_TRUE(lower != nullptr && lower != full);
+    EXPECT_EQ(Media("FULL"), nullptr);
     ASSERT_TRUE(printer.Remove(MediumKey(0x01, "HMI").c_str(), HMI_W("")));
     EXPECT_EQ(Media("Full"), full);
     ASSERT_EQ(HMIUpdatePrinterHandle(access, nullptr), 1);
@@ -201,6 +206,10 @@ TEST_F(MediaQueries, MediaOfTheFirstDatabaseLoadFromTheCurrentPrinter) {
     EXPECT_EQ(Media(""), nullptr);
     HMIXMLMediaDetail* full = Media("Full");
     ASSERT_NE(full, nullptr);
+    // Ids are compared case-sensitively: "full" is another medium, "FULL" none.
+    HMIXMLMediaDetail* lower = Media("full");
+    EXPECT_TRUE(lower != nullptr && lower != full);
+    EXPECT_EQ(Media("FULL"), nullptr);
     TestPrinter other;
     ASSERT_TRUE(WriteMedium(other, 0x10, FullMediumBody()));
     ASSERT_EQ(HMIUpdatePrinterHandle(access, other.Reopen()), 1);
