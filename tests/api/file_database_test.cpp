@@ -23,13 +23,7 @@ void Picture(WCHAR (&field)[N], const std::string& units) {
 
 std::string Z(const std::string& text) { return text + std::string(1, '\0'); }
 
-class FileDatabase : public ::testing::Test {
-protected:
-    void SetUp() override { ASSERT_NE(access, nullptr); }
-    void TearDown() override { HMIClose(access); }
-    TestFiles files;
-    HMIAccess* access = HMIOpen(nullptr);
-};
+class FileDatabase : public FileTest {};
 
 TEST_F(FileDatabase, CommonInfoWrittenFieldByFieldInPlace) {
     const struct {

@@ -12,11 +12,8 @@ namespace {
 
 constexpr WCHAR kPoisonUnit = 0xCDCD;
 
-class FileMedia : public ::testing::Test {
+class FileMedia : public FileTest {
 protected:
-    void SetUp() override { ASSERT_NE(access, nullptr); }
-    void TearDown() override { HMIClose(access); }
-
     // Reads the name with a poisoned buffer of bufferChars (+ 1 guard unit); returns the result.
     BOOL Name(const WString& path, const std::string& language, size_t bufferChars) {
         buffer.assign(bufferChars + 1, kPoisonUnit);
@@ -25,8 +22,6 @@ protected:
                                    bufferChars, &reported);
     }
 
-    TestFiles files;
-    HMIAccess* access = HMIOpen(nullptr);
     std::vector<WCHAR> buffer;
     size_t reported = 7;
 };

@@ -25,14 +25,7 @@ Answer Call(const FileReader& read, HMIAccess* access, const WCHAR* path) {
     return {answered, untouched && required == 0xCDCDCDCDCDCDCDCDu};
 }
 
-class FileReaderFrame : public ::testing::Test {
-protected:
-    void SetUp() override { ASSERT_NE(access, nullptr); }
-    void TearDown() override { HMIClose(access); }
-
-    TestFiles files;
-    HMIAccess* access = HMIOpen(nullptr);
-};
+class FileReaderFrame : public FileTest {};
 
 TEST_F(FileReaderFrame, EveryReaderAnswersFromOneFileButNotWithoutHandleOrPath) {
     const WString path = files.Write("every", MediaXml(EveryReaderBody()));

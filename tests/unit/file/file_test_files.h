@@ -2,6 +2,8 @@
 #ifndef HMI_TEST_FILE_TEST_FILES_H
 #define HMI_TEST_FILE_TEST_FILES_H
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -28,6 +30,16 @@ struct TestFiles {
     WString Path(const std::string& name) const {
         return (dir / std::filesystem::u8path(name + u8"-\u00FC.xml")).string<WCHAR>();
     }
+};
+
+// A test's files and a handle opened without a printer, as the File readers are used.
+class FileTest : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_NE(access, nullptr); }
+    void TearDown() override { HMIClose(access); }
+
+    TestFiles files;
+    HMIAccess* access = HMIOpen(nullptr);
 };
 
 // n letters a, b, c, ... (from first, wrapping after 26).
