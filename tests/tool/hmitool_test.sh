@@ -37,6 +37,8 @@ printf 'REGEDIT4\n[PrinterDriverData\\Media]\n"product_id"="X"\n' >"$work/nodb.r
 check "database that cannot be loaded" 2 'cannot be loaded' "$tool" media "$work/nodb.reg"
 printf '\xff\xfeW\x00i\x00' >"$work/utf16.reg"
 check "truncated UTF-16 store" 2 'utf16.reg:1' "$tool" media "$work/utf16.reg"
+check "output lost to a full disk" 74 'writing the output failed: No space left' \
+    bash -c '"$0" --json media --all "$1" >/dev/full' "$tool" "$store"
 check "usage" 64 'usage' "$tool" media
 
 # show and media --all: the cascade through the exports, with every level's "all" fallback reached

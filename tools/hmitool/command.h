@@ -8,8 +8,9 @@
 namespace hmitool {
 
 // Exit codes: 0 success, 1 the data was read but is rejected or inconsistent, 2 it could not be
-// read at all (no such printer, unloadable database or document), 64 wrong usage.
-enum ExitCode { kOk = 0, kRejected = 1, kUnreadable = 2, kUsage = 64 };
+// read at all (no such printer, unloadable database or document), 64 wrong usage, 74 the output
+// could not be written.
+enum ExitCode { kOk = 0, kRejected = 1, kUnreadable = 2, kUsage = 64, kOutputFailed = 74 };
 
 struct Options {
     bool json = false;

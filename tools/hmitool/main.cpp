@@ -1,5 +1,6 @@
 // hmitool: inspect and validate the media databases of printers.
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -45,6 +46,13 @@ bool ArgumentCountFits(const Command& command, size_t count) {
         while (*p && *p != ' ') ++p;
     }
     return count >= required && count <= required + optional;
+}
+
+// Output lost to a full disk or a closed pipe is an error, not a success.
+int FinishOutput(int code) {
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout)) return code;
+    std::fprintf(stderr, "hmitool: writing the output failed: %s\n", std::strerror(errno));
+    return kOutputFailed;
 }
 
 }  // namespace
@@ -100,7 +108,7 @@ int main(int argc, char** argv) {
                 PrintCommandUsage(c);
                 return kUsage;
             }
-            return c.run(args, options);
+            return FinishOutput(c.run(args, options));
         }
     }
     std::fprintf(stderr, "hmitool: unknown command '%s'\n", args[0].c_str());
