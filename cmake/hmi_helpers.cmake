@@ -12,3 +12,9 @@ function(hmi_no_undefined target)
     target_link_options(${target} PRIVATE -Wl,--no-undefined)
   endif()
 endfunction()
+
+# Exports only what the version script lists from a Linux shared library.
+function(hmi_version_script target script)
+  target_link_options(${target} PRIVATE -Wl,--version-script=${script})
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${script})
+endfunction()
