@@ -224,7 +224,11 @@ typedef struct HMIXMLMediaBorderlessMode HMIXMLMediaBorderlessMode;
 typedef struct HMIXMLMediaPrintPurpose HMIXMLMediaPrintPurpose;
 #endif
 
-/* ---- Exports ---- */
+/* ---- Exports ----
+ * Threads: the library takes no locks. A handle from HMIOpen, and every node reached from it, must be
+ * used by one thread at a time; distinct handles share no mutable state and may be used on different
+ * threads at once. The File entry points initialise COM on the calling thread for each call, so any
+ * thread may make them. A C API cannot detect a handle used after HMIClose or one from another library. */
 #ifdef __cplusplus
 extern "C" {
 #endif
