@@ -1,4 +1,6 @@
 // Linux only: reading store files.
+#include <sys/stat.h>
+
 #include "spool/spool_test_support.h"
 
 namespace {
@@ -88,6 +90,23 @@ TEST(StoreParser, MalformedFilesFailWithTheLine) {
         const std::string reason = HMISpoolLastOpenError();
         EXPECT_TRUE(reason.rfind(path + ":" + std::to_string(c.line) + ": ", 0) == 0 &&
                     reason.find(c.reason) != std::string::npos) << reason;
+    }
+}
+
+// A device or a FIFO would be read without end or block; a large file would exhaust memory.
+TEST(StoreParser, OnlyRegularFilesWithinTheSizeLimitAreRead) {
+    TempDir dir;
+    const std::string large = dir.File("large.reg"), fifo = dir.File("fifo.reg");
+    WriteFile(large, kHeader);
+    std::filesystem::resize_file(large, (64 << 20) + 1);  // sparse
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    const std::pair<std::string, std::string> cases[] = {
+        {"/dev/zero", "not a regular file"}, {dir.path, "not a regular file"}, {fifo, "not a regular file"},
+        {large, "larger than 64 MiB, the limit of a store file"}, {dir.File("absent.reg"), "No such file or directory"},
+    };
+    for (const auto& [path, reason] : cases) {
+        EXPECT_EQ(Open(path), nullptr);
+        EXPECT_EQ(HMISpoolLastOpenError(), path + ": " + reason);
     }
 }
 

@@ -1,6 +1,5 @@
 // The exported spooler functions over store files. No exception leaves them: allocation failure
 // answers ERROR_NOT_ENOUGH_MEMORY (FALSE for the BOOL functions).
-#include <cerrno>
 #include <cstdint>
 #include <cstring>
 
@@ -27,8 +26,8 @@ std::shared_ptr<OpenPrinter> LoadPrinter(LPCWSTR name) {
         return nullptr;
     }
     std::string bytes;
-    if (!ReadWholeFile(printer->path, bytes)) {
-        SetOpenError("%s: %s", printer->path.c_str(), std::strerror(errno));
+    if (!ReadStoreFile(printer->path, bytes, reason)) {
+        SetOpenError("%s: %s", printer->path.c_str(), reason.c_str());
         return nullptr;
     }
     ParseError error;

@@ -5,9 +5,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
+#include <cstring>
 
 #include "unicode.h"
 
@@ -69,18 +70,49 @@ bool ResolveStorePath(std::u16string_view name, std::string& path, std::string& 
     return true;
 }
 
-bool ReadWholeFile(const std::string& path, std::string& bytes) {
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), &std::fclose);
-    if (!file) return false;
+bool ReadStoreFile(const std::string& path, std::string& bytes, std::string& reason) {
+    // Non-blocking, so that opening a FIFO without a writer returns and is refused below.
+    int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) {
+        reason = std::strerror(errno);
+        return false;
+    }
+    struct Closer {
+        int fd;
+        ~Closer() { ::close(fd); }
+    } closer{fd};
+    struct stat info;
+    if (::fstat(fd, &info) != 0) {
+        reason = std::strerror(errno);
+        return false;
+    }
+    if (!S_ISREG(info.st_mode)) {
+        reason = "not a regular file";
+        return false;
+    }
+    static const std::string kTooLarge = "larger than " + std::to_string(kMaxStoreFileBytes >> 20) +
+                                         " MiB, the limit of a store file";
+    if (static_cast<uint64_t>(info.st_size) > kMaxStoreFileBytes) {
+        reason = kTooLarge;
+        return false;
+    }
     bytes.clear();
+    bytes.reserve(static_cast<size_t>(info.st_size));
     char buffer[65536];
-    size_t n;
-    while ((n = std::fread(buffer, 1, sizeof buffer, file.get())) > 0) bytes.append(buffer, n);
-    bool ok = !std::ferror(file.get());
-    int error = errno;  // of the read, not of closing
-    file.reset();
-    errno = error;
-    return ok;
+    for (;;) {
+        ssize_t n = ::read(fd, buffer, sizeof buffer);
+        if (n == 0) return true;
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            reason = std::strerror(errno);
+            return false;
+        }
+        if (bytes.size() + static_cast<size_t>(n) > kMaxStoreFileBytes) {  // it grew while read
+            reason = kTooLarge;
+            return false;
+        }
+        bytes.append(buffer, static_cast<size_t>(n));
+    }
 }
 
 bool ReplaceFileAtomically(const std::string& path, std::string_view bytes) {
