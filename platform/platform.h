@@ -2,7 +2,7 @@
 // platform-specific; the build puts platform/win32 or platform/posix on the include path, and that
 // folder's hmi_platform_api.h supplies the Windows API subset the library is written against:
 //   types          WCHAR, BOOL, DWORD, LONG, ULONG, HRESULT, HANDLE, BSTR, VARIANT, VARIANT_BOOL, GUID
-//   text           HMI_W("literal"), wcstod, wcstoul, wcstol, _wtol, _wcstoui64, _vscwprintf,
+//   text           HMI_W("literal"), wcstoul, wcstol, _wtol, _wcstoui64, _vscwprintf,
 //                  _vsnwprintf (wide %s), lstrcmpW
 //   spooler        GetPrinterDataExW, EnumPrinterDataExW, PRINTER_ENUM_VALUESW
 //   COM            CoInitialize, CoUninitialize, CoCreateInstance, SysAllocString, SysFreeString

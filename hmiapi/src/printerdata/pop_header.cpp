@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/hmi_decimal.h"
 #include "common/hmi_string.h"
 #include "printerdata/printer_data_read.h"
 #include "printerdata/printer_data_values.h"
@@ -69,7 +70,7 @@ bool HMIPopHeader::Load(HANDLE printer) {
 
     std::unique_ptr<WCHAR[]> version = ReadPrinterDataText(printer, HMI_MEDIA_KEY, HMI_W("db_format_ver"));
     if (!version) return false;
-    commonInfo->db_format_ver = static_cast<float>(wcstod(version.get(), nullptr));
+    commonInfo->db_format_ver = HMIDecimalToFloat(version.get());
 
     DWORD entryCount = 0;
     if (!ReadPrinterDataFixed(printer, HMI_MEDIA_KEY, HMI_W("product_id"), commonInfo->product_id,

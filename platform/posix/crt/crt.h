@@ -13,10 +13,6 @@
 
 #include "posix/types.h"
 
-// Decimal floating point: white space, sign, digits, fraction, exponent (e, E, d or D). Overflow gives
-// +-HUGE_VAL and ERANGE; no number gives 0 with *end at s.
-double wcstod(const WCHAR* s, WCHAR** end);
-
 // 32-bit integers: white space, sign, "0x" for base 16 and 0, digits of the base. A minus negates the
 // result; overflow gives 0xFFFFFFFF (wcstoul) or LONG_MAX/LONG_MIN (wcstol) and ERANGE; no digits give 0
 // with *end at s.

@@ -1,10 +1,6 @@
 #include "posix/crt/crt.h"
 
 #include <cerrno>
-#include <cstdlib>
-#include <locale.h>
-#include <memory>
-#include <new>
 
 namespace {
 
@@ -36,8 +32,6 @@ int DigitValue(WCHAR c) {
     }
     return -1;
 }
-
-bool IsAsciiDigit(WCHAR c) { return c >= u'0' && c <= u'9'; }
 
 void SetEnd(WCHAR** end, const WCHAR* at) {
     if (end) *end = const_cast<WCHAR*>(at);
@@ -85,72 +79,7 @@ uint64_t ToUnsigned(const ParsedInteger& n, uint64_t max) {
     return n.negative ? (0 - n.magnitude) & max : n.magnitude;
 }
 
-// The accepted prefix of a decimal number: [sign] digits [. digits] [exponent], at least one digit.
-const WCHAR* ScanDecimal(const WCHAR* p) {
-    if (*p == u'-' || *p == u'+') ++p;
-    bool digits = false;
-    for (; IsAsciiDigit(*p); ++p) digits = true;
-    if (*p == u'.') {
-        ++p;
-        for (; IsAsciiDigit(*p); ++p) digits = true;
-    }
-    if (!digits) return nullptr;
-    if (*p == u'e' || *p == u'E' || *p == u'd' || *p == u'D') {
-        const WCHAR* exponent = p + 1;
-        if (*exponent == u'-' || *exponent == u'+') ++exponent;
-        if (IsAsciiDigit(*exponent)) {
-            for (p = exponent; IsAsciiDigit(*p); ++p) {
-            }
-        }
-    }
-    return p;
-}
-
-locale_t CLocale() {
-    static const locale_t c = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
-    return c;
-}
-
 }  // namespace
-
-double wcstod(const WCHAR* s, WCHAR** end) {
-    SetEnd(end, s);
-    if (!s) {
-        errno = EINVAL;
-        return 0.0;
-    }
-    const WCHAR* start = SkipSpace(s);
-    const WCHAR* stop = ScanDecimal(start);
-    if (!stop) return 0.0;
-    const size_t length = static_cast<size_t>(stop - start);
-    char small[128];
-    std::unique_ptr<char[]> large;
-    char* ascii = small;
-    if (length >= sizeof small) {
-        large.reset(new (std::nothrow) char[length + 1]);
-        if (!large) {
-            errno = ENOMEM;
-            return 0.0;
-        }
-        ascii = large.get();
-    }
-    for (size_t i = 0; i < length; ++i) {
-        WCHAR c = start[i];
-        ascii[i] = (c == u'd' || c == u'D') ? 'e' : static_cast<char>(c);
-    }
-    ascii[length] = '\0';
-    locale_t c = CLocale();
-    if (!c) {
-        errno = ENOMEM;
-        return 0.0;
-    }
-    const int savedErrno = errno;
-    errno = 0;
-    double value = strtod_l(ascii, nullptr, c);
-    if (errno != ERANGE) errno = savedErrno;
-    SetEnd(end, stop);
-    return value;
-}
 
 ULONG wcstoul(const WCHAR* s, WCHAR** end, int base) {
     ParsedInteger n = ParseInteger(s, end, base, UINT32_MAX, UINT32_MAX);

@@ -40,20 +40,6 @@ TEST(CrtConformance, IntegersFollowTheMicrosoftCrt) {
     EXPECT_TRUE(_wtol(HMI_W(" -45.9")) == -45 && _wtol(HMI_W("99999999999")) == INT32_MAX);
 }
 
-TEST(CrtConformance, WcstodReadsTheLongestDecimalPrefix) {
-    const struct { const WCHAR* input; double expected; long consumed; int error; } cases[] = {
-        {HMI_W("  -2.25e2x"), -225.0, 9, 0}, {HMI_W("+.5"), 0.5, 3, 0},     {HMI_W("1."), 1.0, 2, 0},
-        {HMI_W("1e+"), 1.0, 1, 0},           {HMI_W("1,5"), 1.0, 1, 0},     {HMI_W(" -."), 0.0, 0, 0},
-        {HMI_W("1e400"), HUGE_VAL, 5, ERANGE}, {HMI_W("-1e400"), -HUGE_VAL, 6, ERANGE},
-    };
-    for (const auto& c : cases) {
-        WCHAR* end = nullptr;
-        errno = 0;
-        EXPECT_EQ(wcstod(c.input, &end), c.expected) << "case #" << (&c - cases);
-        EXPECT_TRUE(end - c.input == c.consumed && errno == c.error) << "case #" << (&c - cases);
-    }
-}
-
 // Formats into a buffer of capacity units followed by two guard units; returns the whole buffer.
 WideString FormatInto(int* result, size_t capacity, const WCHAR* format, ...) {
     WideString buffer(capacity + 2, u'#');
