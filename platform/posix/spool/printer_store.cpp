@@ -1,6 +1,7 @@
 #include "printer_store.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "unicode.h"
@@ -9,23 +10,22 @@ namespace hmispool {
 
 const StoredValue* StoreKey::Find(std::u16string_view name) const {
     auto it = index_.find(Folded(name));
-    return it == index_.end() ? nullptr : &values_[it->second];
+    return it == index_.end() ? nullptr : &*it->second;
 }
 
-bool StoreKey::Set(std::u16string_view name, DWORD type, const BYTE* data, size_t bytes) {
+bool StoreKey::Set(std::u16string_view name, DWORD type, std::vector<BYTE> data) {
     std::u16string folded = Folded(name);
     auto it = index_.find(folded);
     if (it != index_.end()) {
-        StoredValue& value = values_[it->second];
-        if (value.type == type && value.data.size() == bytes && std::equal(data, data + bytes, value.data.begin()))
-            return false;
-        value.data.assign(data, data + bytes);
+        StoredValue& value = *it->second;
+        if (value.type == type && value.data == data) return false;
+        value.data = std::move(data);
         value.type = type;
         return true;
     }
-    values_.push_back(StoredValue{std::u16string(name), type, std::vector<BYTE>(data, data + bytes)});
+    values_.push_back(StoredValue{std::u16string(name), type, std::move(data)});
     try {
-        index_.emplace(std::move(folded), values_.size() - 1);
+        index_.emplace(std::move(folded), std::prev(values_.end()));
     } catch (...) {
         values_.pop_back();
         throw;
@@ -36,12 +36,8 @@ bool StoreKey::Set(std::u16string_view name, DWORD type, const BYTE* data, size_
 bool StoreKey::Remove(std::u16string_view name) {
     auto it = index_.find(Folded(name));
     if (it == index_.end()) return false;
-    size_t position = it->second;
+    values_.erase(it->second);
     index_.erase(it);
-    values_.erase(values_.begin() + static_cast<std::ptrdiff_t>(position));
-    for (auto& entry : index_) {
-        if (entry.second > position) --entry.second;
-    }
     return true;
 }
 

@@ -4,6 +4,7 @@
 #define HMI_SPOOL_PRINTER_STORE_H
 
 #include <cstddef>
+#include <list>
 #include <map>
 #include <string>
 #include <string_view>
@@ -25,16 +26,17 @@ public:
     explicit StoreKey(std::u16string path) : path_(std::move(path)) {}
 
     const std::u16string& path() const { return path_; }
-    const std::vector<StoredValue>& values() const { return values_; }
+    const std::list<StoredValue>& values() const { return values_; }
     const StoredValue* Find(std::u16string_view name) const;
     // Both return whether the key changed.
-    bool Set(std::u16string_view name, DWORD type, const BYTE* data, size_t bytes);
+    bool Set(std::u16string_view name, DWORD type, std::vector<BYTE> data);
     bool Remove(std::u16string_view name);
 
 private:
     std::u16string path_;
-    std::vector<StoredValue> values_;
-    std::unordered_map<std::u16string, size_t> index_;  // folded name -> position in values_
+    // A list, so that removing a value neither shifts the others nor renumbers the index.
+    std::list<StoredValue> values_;
+    std::unordered_map<std::u16string, std::list<StoredValue>::iterator> index_;  // folded name -> value
 };
 
 class PrinterStore {

@@ -2,6 +2,8 @@
 // answers ERROR_NOT_ENOUGH_MEMORY (FALSE for the BOOL functions).
 #include <cstdint>
 #include <cstring>
+#include <utility>
+#include <vector>
 
 #include "enum_block.h"
 #include "open_error.h"
@@ -31,7 +33,7 @@ std::shared_ptr<OpenPrinter> LoadPrinter(LPCWSTR name) {
         return nullptr;
     }
     ParseError error;
-    if (!ParseStore(bytes, printer->store, error)) {
+    if (!ParseStore(std::move(bytes), printer->store, error)) {
         SetOpenError("%s:%zu: %s", printer->path.c_str(), error.line, error.message);
         return nullptr;
     }
@@ -143,7 +145,7 @@ DWORD SetPrinterDataExW(HANDLE handle, LPCWSTR key, LPCWSTR valueName, DWORD typ
             return ERROR_INVALID_PARAMETER;
         std::lock_guard<std::mutex> guard(printer->lock);
         if (!printer->store.Find(path)) printer->changed = true;
-        if (printer->store.Create(path).Set(NameOrEmpty(valueName), type, data, bytes)) printer->changed = true;
+        if (printer->store.Create(path).Set(NameOrEmpty(valueName), type, std::vector<BYTE>(data, data + bytes))) printer->changed = true;
         return ERROR_SUCCESS;
     });
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "unicode.h"
@@ -73,6 +74,7 @@ bool Decode(std::string_view bytes, std::u16string& text, ParseError& error) {
         return true;
     }
     if (bytes.size() >= 3 && bytes.substr(0, 3) == "\xEF\xBB\xBF") bytes.remove_prefix(3);
+    text.reserve(bytes.size());  // a byte gives at most one unit
     size_t bad = AppendUtf16FromUtf8(bytes, text);
     if (bad != kAllValid) {
         error = {1 + static_cast<size_t>(std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(bad), '\n')),
@@ -198,6 +200,7 @@ private:
 
     bool TextValue(std::u16string_view data, const std::u16string& name) {
         std::u16string text;
+        text.reserve(data.size());
         if (!Quoted(data, text)) return false;
         if (!data.empty()) return Fail("unexpected text after the closing quote");
         if ((static_cast<uint64_t>(text.size()) + 1) * 2 > kMaxValueBytes) return Fail("value too large");
@@ -208,22 +211,22 @@ private:
             bytes.push_back(static_cast<BYTE>(c >> 8));
         }
         bytes.insert(bytes.end(), 2, 0);
-        key_->Set(name, REG_SZ, bytes.data(), bytes.size());
+        key_->Set(name, REG_SZ, std::move(bytes));
         return true;
     }
 
     bool DwordValue(std::u16string_view data, const std::u16string& name) {
         uint32_t number;
         if (!ReadHex(data, 8, number) || !data.empty()) return Fail("expected dword: with 1 to 8 hex digits");
-        const BYTE bytes[4] = {static_cast<BYTE>(number), static_cast<BYTE>(number >> 8),
-                               static_cast<BYTE>(number >> 16), static_cast<BYTE>(number >> 24)};
-        key_->Set(name, REG_DWORD, bytes, sizeof bytes);
+        key_->Set(name, REG_DWORD, {static_cast<BYTE>(number), static_cast<BYTE>(number >> 8),
+                                    static_cast<BYTE>(number >> 16), static_cast<BYTE>(number >> 24)});
         return true;
     }
 
     // Comma-separated bytes; a trailing backslash continues the list on the next line.
     bool HexValue(std::u16string_view data, DWORD type, const std::u16string& name) {
         std::vector<BYTE> bytes;
+        bytes.reserve(data.size() / 3 + 1);  // "aa," per byte on the first line
         for (;;) {
             data = TrimRight(TrimLeft(data));
             bool continued = !data.empty() && data.back() == u'\\';
@@ -242,7 +245,7 @@ private:
             if (!continued) break;
             if (!NextLine(data)) return Fail("file ends inside a continued hex list");
         }
-        key_->Set(name, type, bytes.data(), bytes.size());
+        key_->Set(name, type, std::move(bytes));
         return true;
     }
 
@@ -256,9 +259,10 @@ private:
 
 }  // namespace
 
-bool ParseStore(std::string_view bytes, PrinterStore& store, ParseError& error) {
+bool ParseStore(std::string bytes, PrinterStore& store, ParseError& error) {
     std::u16string text;
     if (!Decode(bytes, text, error)) return false;
+    std::string().swap(bytes);  // not needed while the text is parsed
     return Parser(text, store, error).Run();
 }
 

@@ -3,7 +3,7 @@
 #define HMI_SPOOL_STORE_PARSER_H
 
 #include <cstddef>
-#include <string_view>
+#include <string>
 
 #include "printer_store.h"
 
@@ -15,8 +15,9 @@ struct ParseError {
 };
 
 // Fills an empty store from the file's bytes (UTF-8 with an optional byte-order mark, or UTF-16LE
-// with one). On failure the store must be discarded; error tells the first malformed line.
-bool ParseStore(std::string_view bytes, PrinterStore& store, ParseError& error);
+// with one), which it frees once decoded. On failure the store must be discarded; error tells the
+// first malformed line.
+bool ParseStore(std::string bytes, PrinterStore& store, ParseError& error);
 
 }  // namespace hmispool
 
