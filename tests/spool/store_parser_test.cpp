@@ -81,6 +81,8 @@ TEST(StoreParser, MalformedFilesFailWithTheLine) {
         {kHeader + "[HKEY_LOCAL_MACHINE\\SOFTWARE\\X]\n", 2, "outside a printer"},
         {kHeader + "[k" + deep + "]\n", 2, "deeper than 512"},
         {m + "\"a\"=dword:1\ngarbage\n", 4, "expected a [key] line"},
+        {kHeader + "[M]\n[M\\a" + std::string(1, '\0') + "b]\n", 3, "NUL character in a key name"},
+        {m + "\"a\"=dword:1\n\"a" + std::string(1, '\0') + "\"=dword:1\n", 4, "NUL character in a value name"},
     };
     TempDir dir;
     const std::string path = dir.File("bad.reg");

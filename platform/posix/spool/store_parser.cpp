@@ -141,6 +141,7 @@ private:
             size_t nameEnd = raw.find(u'\\');
             raw = nameEnd == std::u16string_view::npos ? std::u16string_view() : raw.substr(nameEnd + 1);
         }
+        if (raw.find(u'\0') != std::u16string_view::npos) return Fail("NUL character in a key name");
         std::u16string path;
         if (!NormalizeKeyPath(raw, path)) return Fail("key path starts with '\\'");
         if (KeyDepth(path) > kMaxKeyDepth) return Fail("key path deeper than 512 levels");
@@ -177,6 +178,7 @@ private:
         } else if (!Quoted(line, name)) {
             return false;
         }
+        if (name.find(u'\0') != std::u16string::npos) return Fail("NUL character in a value name");
         line = TrimLeft(line);
         if (line.empty() || line.front() != u'=') return Fail("expected '=' after value name");
         line = TrimLeft(line.substr(1));
