@@ -1,10 +1,11 @@
 #include "printerdata/media_info_document.h"
 
+#include <climits>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <new>
 
-#include "common/hmi_string.h"
 #include "printerdata/data_array.h"
 #include "printerdata/printer_data_values.h"
 #include "xml/hmi_xml_document.h"
@@ -20,14 +21,34 @@ bool ReadChunkCount(const HMIPrinterDataValues& values, DWORD* count) {
     return *count != 0;
 }
 
-// Every chunk is located before any text is joined: a missing one fails the whole document.
+// The index of chunk value name: the "%03d" form of a number from 0 to INT_MAX (three digits at
+// least, no other leading zero), as the names are written. False for any other name.
+bool ChunkIndex(const WCHAR* name, DWORD* index) {
+    if (!name) return false;
+    uint64_t number = 0;
+    size_t length = 0;
+    for (; name[length] != 0; ++length) {
+        if (name[length] < '0' || name[length] > '9' || length == 10) return false;
+        number = number * 10 + static_cast<uint64_t>(name[length] - '0');
+    }
+    if (length < 3 || (length > 3 && name[0] == '0') || number > INT_MAX) return false;
+    *index = static_cast<DWORD>(number);
+    return true;
+}
+
+// Every chunk is located, in one pass over the values, before any text is joined: a missing one
+// fails the whole document. Of equal names the first entry counts.
 bool LocateChunks(const HMIPrinterDataValues& values, DWORD count, HMIDataArrayList* chunks) {
+    if (count > values.count) return false;  // each chunk is a value of its own
+    std::unique_ptr<const PRINTER_ENUM_VALUESW*[]> found(new (std::nothrow) const PRINTER_ENUM_VALUESW*[count]());
+    if (!found) return false;
+    for (DWORD i = 0; i < values.count; ++i) {
+        const PRINTER_ENUM_VALUESW& entry = values.entries()[i];
+        DWORD index = 0;
+        if (ChunkIndex(entry.pValueName, &index) && index < count && !found[index]) found[index] = &entry;
+    }
     for (DWORD i = 0; i < count; ++i) {
-        WCHAR* nameText = nullptr;
-        if (HMIFormatString(&nameText, HMI_W("%03d"), static_cast<int>(i)) < 0) return false;
-        HMIHeapString name(nameText);
-        const PRINTER_ENUM_VALUESW* chunk = FindPrinterDataValue(values, name.get());
-        if (!chunk || !chunks->Add(chunk->pData, chunk->cbData)) return false;
+        if (!found[i] || !chunks->Add(found[i]->pData, found[i]->cbData)) return false;
     }
     return true;
 }
