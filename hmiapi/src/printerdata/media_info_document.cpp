@@ -21,7 +21,7 @@ bool ReadChunkCount(const HMIPrinterDataValues& values, DWORD* count) {
     return *count != 0;
 }
 
-// The index of chunk value name: the "%03d" form of a number from 0 to INT_MAX (three digits at
+// The chunk index of a value name: the "%03d" form of a number from 0 to INT_MAX (three digits at
 // least, no other leading zero), as the names are written. False for any other name.
 bool ChunkIndex(const WCHAR* name, DWORD* index) {
     if (!name) return false;
