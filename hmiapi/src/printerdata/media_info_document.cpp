@@ -1,6 +1,5 @@
 #include "printerdata/media_info_document.h"
 
-#include <climits>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -21,21 +20,6 @@ bool ReadChunkCount(const HMIPrinterDataValues& values, DWORD* count) {
     return *count != 0;
 }
 
-// The chunk index of a value name: the "%03d" form of a number from 0 to INT_MAX (three digits at
-// least, no other leading zero), as the names are written. False for any other name.
-bool ChunkIndex(const WCHAR* name, DWORD* index) {
-    if (!name) return false;
-    uint64_t number = 0;
-    size_t length = 0;
-    for (; name[length] != 0; ++length) {
-        if (name[length] < '0' || name[length] > '9' || length == 10) return false;
-        number = number * 10 + static_cast<uint64_t>(name[length] - '0');
-    }
-    if (length < 3 || (length > 3 && name[0] == '0') || number > INT_MAX) return false;
-    *index = static_cast<DWORD>(number);
-    return true;
-}
-
 // Every chunk is located, in one pass over the values, before any text is joined: a missing one
 // fails the whole document. Of equal names the first entry counts.
 bool LocateChunks(const HMIPrinterDataValues& values, DWORD count, HMIDataArrayList* chunks) {
@@ -44,8 +28,8 @@ bool LocateChunks(const HMIPrinterDataValues& values, DWORD count, HMIDataArrayL
     if (!found) return false;
     for (DWORD i = 0; i < values.count; ++i) {
         const PRINTER_ENUM_VALUESW& entry = values.entries()[i];
-        DWORD index = 0;
-        if (ChunkIndex(entry.pValueName, &index) && index < count && !found[index]) found[index] = &entry;
+        const int64_t index = HMIListIndexOf(entry.pValueName);
+        if (index >= 0 && index < count && !found[index]) found[index] = &entry;
     }
     for (DWORD i = 0; i < count; ++i) {
         if (!found[i] || !chunks->Add(found[i]->pData, found[i]->cbData)) return false;

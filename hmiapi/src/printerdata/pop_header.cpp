@@ -16,26 +16,13 @@ namespace {
 
 constexpr DWORD kNumberTextBytes = 18;  // WCHAR[9] as stored by the driver setup
 
-// The list index that a value name stands for when it is exactly "%03d" of that index, else -1.
-int64_t ListIndexOf(const WCHAR* name) {
-    if (!name) return -1;
-    size_t length = 0;
-    int64_t index = 0;
-    for (; name[length]; ++length) {
-        if (name[length] < '0' || name[length] > '9' || length >= 10) return -1;
-        index = index * 10 + (name[length] - '0');
-    }
-    if (length < 3 || (length > 3 && name[0] == '0') || index > 0xFFFFFFFFll) return -1;
-    return index;
-}
-
 // The list entries present under the media key, in index order. The stored count is not trusted to
 // size anything: only values that exist can become entries.
 bool FindListEntries(const HMIPrinterDataValues& values, DWORD entryCount,
                      std::vector<std::pair<int64_t, const PRINTER_ENUM_VALUESW*>>* out) {
     try {
         for (DWORD i = 0; i < values.count; ++i) {
-            int64_t index = ListIndexOf(values.entries()[i].pValueName);
+            int64_t index = HMIListIndexOf(values.entries()[i].pValueName);
             if (index >= 0 && index < entryCount) out->emplace_back(index, &values.entries()[i]);
         }
     } catch (const std::bad_alloc&) {

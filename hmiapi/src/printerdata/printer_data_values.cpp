@@ -31,3 +31,15 @@ const PRINTER_ENUM_VALUESW* FindPrinterDataValue(const HMIPrinterDataValues& val
     }
     return nullptr;
 }
+
+int64_t HMIListIndexOf(const WCHAR* name) {
+    if (!name) return -1;
+    size_t length = 0;
+    int64_t index = 0;
+    for (; name[length]; ++length) {
+        if (name[length] < '0' || name[length] > '9' || length >= 10) return -1;
+        index = index * 10 + (name[length] - '0');
+    }
+    if (length < 3 || (length > 3 && name[0] == '0') || index > 0xFFFFFFFFll) return -1;
+    return index;
+}
