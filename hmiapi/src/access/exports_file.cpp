@@ -38,7 +38,7 @@ BOOL HMIGetMediaInfoHeaderFile(HMIAccess* access, const WCHAR* path, const WCHAR
 BOOL HMIGetMediaNameFile(HMIAccess* access, const WCHAR* path, const WCHAR* language, WCHAR* buffer,
                          size_t bufferChars, size_t* requiredChars) {
     return RunFileReader(access,
-                    [&] { return HMIReadMediaNameFile(path, language, buffer, bufferChars, requiredChars); });
+                         [&] { return HMIReadMediaNameFile(path, language, buffer, bufferChars, requiredChars); });
 }
 
 BOOL HMIEnumMediaNamesFile(HMIAccess* access, const WCHAR* path, _tagHMIMediaNameList* buffer, size_t bufferBytes,

@@ -7,14 +7,18 @@
 
 namespace {
 
+// Copies record, byte for byte, when both it and out are given.
+template <typename Record>
+bool CopyOut(const Record* record, Record* out) noexcept {
+    if (!record || !out) return false;
+    std::memcpy(out, record, sizeof *out);
+    return true;
+}
+
 // Copies the record that read(node) names when access, node and out are all given.
 template <typename Node, typename Record, typename Read>
 BOOL CopyRecord(const HMIAccess* access, const Node* node, Record* out, Read read) {
-    return HMIGuardedBool([&] {
-        if (!access || !node || !out) return false;
-        std::memcpy(out, &read(*node), sizeof *out);
-        return true;
-    });
+    return HMIGuardedBool([&] { return access && node && CopyOut(&read(*node), out); });
 }
 
 // Filters below node when access and node are given.
@@ -55,9 +59,7 @@ BOOL HMIGetMediaInfo(HMIAccess* access, HMIXMLMediaDetail* detail, _tagHMIMediaI
 BOOL HMIGetMediaInfoDirect(HMIAccess* access, const WCHAR* mediaId, _tagHMIMediaInfo* out) {
     return HMIGuardedBool([&] {
         const HMIXMLMediaDetail* detail = access && out ? access->FindOrLoadDetail(mediaId) : nullptr;
-        if (!detail) return false;
-        std::memcpy(out, &detail->Info(), sizeof *out);
-        return true;
+        return detail && CopyOut(&detail->Info(), out);
     });
 }
 
@@ -130,11 +132,7 @@ BOOL HMIGetPrintPurposeInfo(HMIAccess* access, HMIXMLMediaPrintPurpose* purpose,
 BOOL HMIGetAvailablePrintQuality(HMIAccess* access, HMIXMLMediaPrintPurpose* purpose, DWORD variant,
                                  _tagHMIAvailablePrintQuality* out) {
     return HMIGuardedBool([&] {
-        const _tagHMIAvailablePrintQuality* list =
-            access && purpose && out ? HMIAvailablePrintQuality(*purpose, variant) : nullptr;
-        if (!list) return false;
-        std::memcpy(out, list, sizeof *out);
-        return true;
+        return access && purpose && CopyOut(HMIAvailablePrintQuality(*purpose, variant), out);
     });
 }
 
@@ -144,9 +142,7 @@ BOOL HMIGetPrintQualityInfo(HMIAccess* access, HMIXMLMediaPrintPurpose* purpose,
     return HMIGuardedBool([&] {
         const HMIXMLMediaPrintQuality* node =
             access && purpose && out ? HMIFilterPrintQualityNode(*purpose, variant, value) : nullptr;
-        if (!node) return false;
-        std::memcpy(out, &node->Info(), sizeof *out);
-        return true;
+        return node && CopyOut(&node->Info(), out);
     });
 }
 

@@ -4,7 +4,6 @@
 
 #include "common/hmi_string.h"
 #include "platform/platform.h"
-#include "xml/hmi_bstr.h"
 #include "xml/hmi_com_ptr.h"
 #include "xml/hmi_xml_document.h"
 #include "xml/hmi_xml_query.h"
@@ -30,15 +29,6 @@ bool HMIReadElementText(IXMLDOMNode* context, const WCHAR* localName, Store stor
     if (!text) return false;
     store(text.get());
     return true;
-}
-
-// The query that HMIFormatString makes of format and args, as a BSTR; false when either step fails.
-template <typename... Args>
-bool HMIFormatQuery(HMIBSTR& query, const WCHAR* format, Args... args) noexcept {
-    WCHAR* text = nullptr;
-    const int length = HMIFormatString(&text, format, args...);
-    const HMIHeapString owner(text);
-    return length > 0 && query.assign(owner.get());
 }
 
 // The items of a list file: the elements that one formatted query selects in the loaded file.

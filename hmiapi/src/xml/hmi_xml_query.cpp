@@ -13,17 +13,6 @@ bool OutOfMemory(bool* failed) {
     return false;
 }
 
-// Runs a query that HMIFormatString built (its result and text), taking ownership of the text. The
-// arguments are never null here, so a formatting failure is an allocation failure.
-bool SelectFormattedQuery(int formatted, WCHAR* query, IXMLDOMNode* context, WCHAR** out, bool* failed) {
-    HMIHeapString owner(query);
-    if (formatted < 0) return OutOfMemory(failed);
-    HMIBSTR queryText;
-    if (!queryText.assign(owner.get())) return OutOfMemory(failed);
-    owner.reset();
-    return HMISelectNodeText(queryText.str, context, out, failed);
-}
-
 bool ClearOut(WCHAR** out) {
     if (!out) return false;
     *out = nullptr;
@@ -53,23 +42,25 @@ bool HMISelectNodeText(BSTR query, IXMLDOMNode* context, WCHAR** out, bool* fail
 
 bool HMIGetAttributeText(const WCHAR* name, IXMLDOMNode* node, WCHAR** out, bool* failed) noexcept {
     if (!ClearOut(out) || !name || !node) return false;
-    WCHAR* query = nullptr;
-    const int formatted = HMIFormatString(&query, HMI_W("@%s"), name);
-    return SelectFormattedQuery(formatted, query, node, out, failed);
+    HMIBSTR query;
+    if (!HMIFormatQuery(query, HMI_W("@%s"), name)) return OutOfMemory(failed);
+    return HMISelectNodeText(query.str, node, out, failed);
 }
 
 bool HMIGetElementText(const WCHAR* localName, IXMLDOMNode* context, WCHAR** out, bool* failed) noexcept {
     if (!ClearOut(out) || !localName || !context) return false;
-    WCHAR* query = nullptr;
-    const int formatted = HMIFormatString(&query, HMI_W(".//%s:%s"), HMI_MEDIA_PREFIX, localName);
-    return SelectFormattedQuery(formatted, query, context, out, failed);
+    HMIBSTR query;
+    if (!HMIFormatQuery(query, HMI_W(".//%s:%s"), HMI_MEDIA_PREFIX, localName)) return OutOfMemory(failed);
+    return HMISelectNodeText(query.str, context, out, failed);
 }
 
 bool HMIGetElementTextByLanguage(const WCHAR* localName, const WCHAR* language, IXMLDOMNode* context,
                                  WCHAR** out, bool* failed) noexcept {
     if (!ClearOut(out) || !localName || !language || !context) return false;
-    WCHAR* query = nullptr;
-    const int formatted = HMIFormatString(&query, HMI_W(".//%s:%s[@%s=\"%s\"]"), HMI_MEDIA_PREFIX, localName,
-                                          HMI_W("language"), language);
-    return SelectFormattedQuery(formatted, query, context, out, failed);
+    HMIBSTR query;
+    if (!HMIFormatQuery(query, HMI_W(".//%s:%s[@%s=\"%s\"]"), HMI_MEDIA_PREFIX, localName, HMI_W("language"),
+                        language)) {
+        return OutOfMemory(failed);
+    }
+    return HMISelectNodeText(query.str, context, out, failed);
 }

@@ -5,7 +5,9 @@
 #ifndef HMI_XML_QUERY_H
 #define HMI_XML_QUERY_H
 
+#include "common/hmi_string.h"
 #include "platform/platform.h"
+#include "xml/hmi_bstr.h"
 
 // The node's DOM text: an element's descendant text, an attribute's value.
 bool HMIGetNodeText(IXMLDOMNode* node, WCHAR** out, bool* failed = nullptr) noexcept;
@@ -23,5 +25,15 @@ bool HMIGetElementText(const WCHAR* localName, IXMLDOMNode* context, WCHAR** out
 // The language stands in the query verbatim: one holding a double quote matches nothing.
 bool HMIGetElementTextByLanguage(const WCHAR* localName, const WCHAR* language, IXMLDOMNode* context,
                                  WCHAR** out, bool* failed = nullptr) noexcept;
+
+// The query that HMIFormatString makes of format and args, as a BSTR; false when either step fails
+// (with arguments that are not null, only for want of memory).
+template <typename... Args>
+bool HMIFormatQuery(HMIBSTR& query, const WCHAR* format, Args... args) noexcept {
+    WCHAR* text = nullptr;
+    const int length = HMIFormatString(&text, format, args...);
+    const HMIHeapString owner(text);
+    return length > 0 && query.assign(owner.get());
+}
 
 #endif
