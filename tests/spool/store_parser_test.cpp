@@ -18,10 +18,14 @@ TEST(StoreParser, ReadsValues) {
     struct Expected { Text key, name; DWORD type; Bytes data; };
     const std::string absolute = "[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\My Printer";
     const struct { const char* what; std::string file; std::vector<Expected> values; } cases[] = {
-        {"UTF-8 byte-order mark, CRLF, case folds beyond ASCII",  // [Бумé] "αÿ"
+        // [Бумé] "αÿąաａⰰ" "ß𐐨": every script's simple upper case; ß and units of a surrogate pair stay
+        {"UTF-8 byte-order mark, CRLF, case folds beyond ASCII",
          "\xEF\xBB\xBFWindows Registry Editor Version 5.00\r\n\r\n[\xD0\x91\xD1\x83\xD0\xBC\xC3\xA9]\r\n"
-         "\"\xCE\xB1\xC3\xBF\"=\"b\"\r\n",
-         {{u"\u0411\u0423\u041C\u00C9", u"\u0391\u0178", REG_SZ, TextBytes(u"b")}}},
+         "\"\xCE\xB1\xC3\xBF\xC4\x85\xD5\xA1\xEF\xBD\x81\xE2\xB0\xB0\"=\"b\"\r\n"
+         "\"\xC3\x9F\xF0\x90\x90\xA8\"=\"c\"\r\n",
+         {{u"\u0411\u0423\u041C\u00C9", u"\u0391\u0178\u0104\u0531\uFF21\u2C00", REG_SZ, TextBytes(u"b")},
+          {u"\u0411\u0423\u041C\u00C9", u"\u00DF\U00010428", REG_SZ, TextBytes(u"c")},
+          {u"\u0411\u0423\u041C\u00C9", u"\u1E9E\U00010400", kGone, {}}}},
         {"UTF-16LE with byte-order mark",
          Utf16File(u"Windows Registry Editor Version 5.00\r\n\r\n[M]\r\n\"caf\u00e9\"=\"\u7d19\U0001F5A8\"\r\n"),
          {{u"M", u"caf\u00e9", REG_SZ, TextBytes(u"\u7d19\U0001F5A8")}}},

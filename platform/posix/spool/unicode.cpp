@@ -1,6 +1,8 @@
 #include "unicode.h"
 
 #include <cstdint>
+#include <locale.h>
+#include <wctype.h>
 
 namespace hmispool {
 
@@ -95,16 +97,14 @@ bool AppendUtf8FromUtf16(std::u16string_view text, std::string& out) {
     return true;
 }
 
+// glibc's C.UTF-8 locale carries Unicode's simple upper-case mappings; the registry folds each UTF-16
+// unit on its own, so surrogates and mappings that would leave the BMP stay as they are.
 char16_t FoldCase(char16_t c) {
-    if (c >= u'a' && c <= u'z') return c - 0x20;
-    if (c < 0xE0) return c;
-    if (c <= 0xFE && c != 0xF7) return c - 0x20;                // Latin-1 à..þ except ÷
-    if (c == 0xFF) return 0x178;                                 // ÿ
-    if (c >= 0x3B1 && c <= 0x3C9 && c != 0x3C2) return c - 0x20;  // Greek α..ω except final sigma
-    if (c == 0x3C2) return 0x3A3;
-    if (c >= 0x430 && c <= 0x44F) return c - 0x20;               // Cyrillic а..я
-    if (c >= 0x450 && c <= 0x45F) return c - 0x50;               // Cyrillic ѐ..џ
-    return c;
+    static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", locale_t{});
+    if (c < 0x80 || !utf8) return c >= u'a' && c <= u'z' ? c - 0x20 : c;
+    if (c >= 0xD800 && c <= 0xDFFF) return c;
+    const wint_t upper = towupper_l(c, utf8);
+    return upper <= 0xFFFF ? static_cast<char16_t>(upper) : c;
 }
 
 std::u16string Folded(std::u16string_view text) {

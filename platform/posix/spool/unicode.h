@@ -20,7 +20,7 @@ size_t FindUnpairedSurrogate(std::u16string_view text);
 // Appends the UTF-8 form; false (out partly appended) when text holds an unpaired surrogate.
 bool AppendUtf8FromUtf16(std::u16string_view text, std::string& out);
 
-// Upper-case folding as the registry compares names: ASCII, Latin-1, Greek and Cyrillic letters.
+// Upper-case folding as the registry compares names: Unicode's simple upper-case mapping of each unit.
 char16_t FoldCase(char16_t c);
 std::u16string Folded(std::u16string_view text);
 
