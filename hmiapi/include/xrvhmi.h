@@ -236,6 +236,8 @@ extern "C" {
 HMI_EXPORT HMIAccess* HMIOpen(HANDLE printerHandle);
 HMI_EXPORT BOOL HMIUpdatePrinterHandle(HMIAccess* access, HANDLE printerHandle);
 HMI_EXPORT void HMIClose(HMIAccess* access);
+/* product_id and pop_db_time hold the stored units as they are: a stored text that fills its field
+ * carries no terminator, so read them bounded by the field's width. */
 HMI_EXPORT BOOL HMIGetCommonInfo(HMIAccess* access, _tagHMICommonInfo* out);
 HMI_EXPORT BOOL HMIGetCommonInfoFile(HMIAccess* access, const WCHAR* path, _tagHMICommonInfo* out);
 HMI_EXPORT BOOL HMIGetAvailableMedia(HMIAccess* access, _tagHMIAvailableMedia* buffer, size_t bufferBytes,
@@ -245,6 +247,8 @@ HMI_EXPORT BOOL HMIGetAvailableMediaFile(HMIAccess* access, const WCHAR* path, _
 HMI_EXPORT BOOL HMIGetMediaInfoHeader(HMIAccess* access, const WCHAR* mediaId, _tagHMIMediaInfoHeader* out);
 HMI_EXPORT BOOL HMIGetMediaInfoHeaderFile(HMIAccess* access, const WCHAR* path, const WCHAR* mediaId,
                                           _tagHMIMediaInfoHeader* out);
+/* The name is copied as stored: a stored name without a terminating zero is copied without one, and
+ * the buffer's units after the stored ones are left as they were. */
 HMI_EXPORT BOOL HMIGetMediaName(HMIAccess* access, const WCHAR* mediaId, const WCHAR* language, WCHAR* buffer,
                                 size_t bufferChars, size_t* requiredChars);
 HMI_EXPORT BOOL HMIGetMediaNameFile(HMIAccess* access, const WCHAR* path, const WCHAR* language, WCHAR* buffer,

@@ -6,6 +6,7 @@
 
 #include "printerdata/pop_header.h"
 
+// Copies the stored bytes as they are, without adding a terminator the stored name lacks.
 // On a too-small buffer fails with *requiredChars = stored characters + 1; on other failures after
 // the medium was found, with *requiredChars = 0.
 bool ReadMediaName(HANDLE printer, const HMIPopHeader& database, const WCHAR* mediaId, const WCHAR* language,

@@ -14,7 +14,8 @@ public:
     HMIPopHeader& operator=(const HMIPopHeader&) = delete;
     virtual ~HMIPopHeader();
 
-    // Fills the object from the values under the media key; called once, on a fresh object.
+    // Fills the object from the values under the media key; called once, on a fresh object. product_id
+    // and pop-db-time are copied as stored, without a terminator when the stored text fills the field.
     bool Load(HANDLE printer);
 
     bool GetMediaInfoHeader(const WCHAR* mediaId, _tagHMIMediaInfoHeader* out) const;
