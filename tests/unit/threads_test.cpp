@@ -64,8 +64,15 @@ TEST(Threads, DistinctHandlesQueryEveryLevelAtOnce) {
         for (DWORD number : {1u, 2u, 3u}) ASSERT_TRUE(WriteMedium(printer, number, FullMediumBody()));
         ASSERT_NE(printer.Reopen(), nullptr);
     }
-    EXPECT_EQ(OnThreads([](HMIAccess* access) {
-        bool ok = true;
+    _tagHMICommonInfo common = Poisoned<_tagHMICommonInfo>();
+    HMIAccess* single = HMIOpen(printers[0].handle());
+    ASSERT_TRUE(HMIGetCommonInfo(single, &common));
+    HMIClose(single);
+    EXPECT_EQ(OnThreads([&](HMIAccess* access) {
+        _tagHMICommonInfo info = Poisoned<_tagHMICommonInfo>();
+        _tagHMIMediaInfoHeader header;
+        bool ok = HMIGetCommonInfo(access, &info) && SameBytes(info, common) &&
+                  HMIGetMediaInfoHeader(access, HMI_W("M2"), &header) && header.media_number == 2;
         for (const char* id : {"M1", "M2", "M3", "M1"}) ok = ok && HasFullTree(access, W(id));  // the last cached
         return ok;
     }, printers), std::vector<char>(kThreads, 1));
