@@ -1,8 +1,8 @@
 // One fuzz input run through the XML access layer: loaded as a document, then queried the way the
 // readers query. Shared by the fuzzer and the replay of its seeds in the unit tests.
 //
-// Input: the first line is a language (also used as an attribute name); the rest is the document,
-// as UTF-16LE code units when it starts with the byte-order mark FF FE, otherwise one code unit per byte.
+// Input: the first line is a language (also used as an attribute name); the rest is the document
+// (both as in Units).
 #ifndef HMI_FUZZ_XML_TEXT_EXERCISE_H
 #define HMI_FUZZ_XML_TEXT_EXERCISE_H
 
@@ -11,6 +11,7 @@
 #include <string>
 
 #include "common/hmi_string.h"
+#include "fuzz/fuzz_support.h"
 #include "xml/hmi_bstr.h"
 #include "xml/hmi_com_apartment.h"
 #include "xml/hmi_com_ptr.h"
@@ -19,24 +20,17 @@
 
 namespace hmifuzz {
 
-using WideText = std::basic_string<WCHAR>;
-
 struct XmlTextInput {
-    WideText language;
-    WideText document;
+    WString language;
+    WString document;
 };
 
 inline XmlTextInput SplitInput(const uint8_t* data, size_t size) {
-    XmlTextInput input;
-    size_t i = 0;
-    for (; i < size && data[i] != '\n'; ++i) input.language.push_back(static_cast<WCHAR>(data[i]));
-    if (i < size) ++i;
-    if (size - i >= 2 && data[i] == 0xFF && data[i + 1] == 0xFE) {
-        for (i += 2; i + 1 < size; i += 2) input.document.push_back(static_cast<WCHAR>(data[i] | data[i + 1] << 8));
-    } else {
-        for (; i < size; ++i) input.document.push_back(static_cast<WCHAR>(data[i]));
-    }
-    return input;
+    Input input(data, size);
+    XmlTextInput split;
+    split.language = Units(input.Until('\n'));
+    split.document = Units(input.Rest());
+    return split;
 }
 
 // Runs a query and drops its answer.
@@ -47,7 +41,7 @@ void Ask(Query query) {
     HMIHeapString owner(out);
 }
 
-inline void QueryNode(IXMLDOMNode* node, const WideText& language) {
+inline void QueryNode(IXMLDOMNode* node, const WString& language) {
     Ask([&](WCHAR** out) { HMIGetNodeText(node, out); });
     Ask([&](WCHAR** out) { HMIGetAttributeText(HMI_W("id"), node, out); });
     Ask([&](WCHAR** out) { HMIGetAttributeText(HMI_W("language"), node, out); });
@@ -55,7 +49,7 @@ inline void QueryNode(IXMLDOMNode* node, const WideText& language) {
 }
 
 // Every element in the document, as the list readers walk them, up to a bound.
-inline void QueryElements(IXMLDOMDocument2* doc, const WideText& language) {
+inline void QueryElements(IXMLDOMDocument2* doc, const WString& language) {
     HMIBSTR query;
     HMIComPtr<IXMLDOMNodeList> list;
     if (!query.assign(HMI_W("//*")) || FAILED(doc->selectNodes(query.str, list.put())) || !list) return;
