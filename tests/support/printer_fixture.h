@@ -18,6 +18,7 @@ public:
 
     bool ok() const { return handle_ != nullptr; }  // the printer exists and handle() is open
     HANDLE handle() const { return handle_; }
+    const std::basic_string<WCHAR>& name() const { return name_; }
     bool Set(const WCHAR* key, const WCHAR* value, DWORD type, const void* data, DWORD bytes);  // exactly these bytes
     bool SetText(const WCHAR* key, const WCHAR* value, const WCHAR* text);  // REG_SZ with its terminator
     bool SetDword(const WCHAR* key, const WCHAR* value, DWORD number);

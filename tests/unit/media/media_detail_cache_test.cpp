@@ -58,34 +58,5 @@ TEST_F(MediaDetailCache, FirstLoadLeavesTheThreadsComAsItFoundIt) {
     }
 }
 
-// Allocation n of the first load fails, for n = 1, 2, ... (transient and persistent): the load fails,
-// leaves nothing behind, and the next request for the medium builds the right tree.
-TEST_F(MediaDetailCache, AllocationFailureInTheFirstLoadCachesNothing) {
-    HMIAccess* warmUp = HMIOpen(printer.handle());
-    ASSERT_TRUE(HasFullTree(warmUp, HMIFilterMedia(warmUp, HMI_W("Full"))));
-    HMIClose(warmUp);
-    HMIAccess* access = nullptr;
-    HMIXMLMediaDetail* detail = nullptr;
-    long liveBefore = 0;
-    const std::function<void()> load = [&] { detail = HMIFilterMedia(access, HMI_W("Full")); };
-    const std::function<void(bool)> check = [&](bool injected) {
-        // libxml2 recovers from some failures; then the tree must be the right one.
-        EXPECT_TRUE(detail || injected);
-        HMIXMLMediaDetail* again = HMIFilterMedia(access, HMI_W("Full"));
-        EXPECT_TRUE(HasFullTree(access, again) && (!detail || again == detail));
-        HMIClose(access);
-        EXPECT_EQ(LiveAllocations(), liveBefore);
-        access = HMIOpen(printer.handle());
-    };
-    for (bool persistent : {false, true}) {
-        SCOPED_TRACE(persistent ? "persistent" : "transient");
-        liveBefore = LiveAllocations();
-        access = HMIOpen(printer.handle());
-        ASSERT_NE(access, nullptr);
-        EXPECT_GT(ForEachAllocationFailure(load, check, persistent), 50);
-        HMIClose(access);
-    }
-}
-
 }  // namespace
 }  // namespace hmitest

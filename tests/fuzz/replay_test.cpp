@@ -1,0 +1,16 @@
+// The fuzz targets that reach the Windows paths, replayed through the shared library (XRVHMI.dll under
+// Wine, where the allocation-failure byte reaches no allocation: the DLL has its own runtime).
+#include "fuzz/file_readers_exercise.h"
+#include "fuzz/media_document_exercise.h"
+#include "fuzz/printer_data_exercise.h"
+#include "fuzz/replay.h"
+
+namespace hmitest {
+namespace {
+
+TEST(FuzzReplay, PrinterData) { ReplayFuzzInputs("printer_data", hmifuzz::ExercisePrinterData); }
+TEST(FuzzReplay, MediaDocument) { ReplayFuzzInputs("media_document", hmifuzz::ExerciseMediaDocument); }
+TEST(FuzzReplay, FileReaders) { ReplayFuzzInputs("file_readers", hmifuzz::ExerciseFileReaders); }
+
+}  // namespace
+}  // namespace hmitest
