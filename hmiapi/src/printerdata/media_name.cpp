@@ -1,5 +1,7 @@
 #include "printerdata/media_name.h"
 
+#include <algorithm>
+
 #include "printerdata/printer_data_read.h"
 
 bool ReadMediaName(HANDLE printer, const HMIPopHeader& database, const WCHAR* mediaId, const WCHAR* language,
@@ -14,8 +16,9 @@ bool ReadMediaName(HANDLE printer, const HMIPopHeader& database, const WCHAR* me
 
     DWORD type = 0;
     DWORD needed = 0;
-    // The spooler takes a 32-bit byte count; a null buffer is always a size probe.
-    const DWORD bytes = buffer ? static_cast<DWORD>(bufferChars * 2) : 0;
+    // The spooler takes a 32-bit byte count, so a larger buffer is offered as the largest even count; a
+    // null buffer is always a size probe.
+    const DWORD bytes = buffer ? static_cast<DWORD>(std::min<size_t>(bufferChars, 0x7FFFFFFF) * 2) : 0;
     const DWORD result =
         GetPrinterDataExW(printer, nameKey, language, &type, reinterpret_cast<LPBYTE>(buffer), bytes, &needed);
     if (result == ERROR_SUCCESS) return true;
