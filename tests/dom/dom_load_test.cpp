@@ -24,6 +24,22 @@ TEST_F(DomTest, LoadXmlAcceptsWellFormedTextWithinTheLimits) {
     for (const auto& c : cases) EXPECT_EQ(RunsOnWine() ? c.wineLoads : c.loads, Load(c.xml)) << c.name;
 }
 
+// parseError gives the line and column of the first error and why; the next successful load clears it.
+TEST_F(DomTest, ParseErrorTellsWhereAndWhy) {
+    EXPECT_FALSE(Load(u"<a>\n <b>\n</a>"));
+    Own<IXMLDOMParseError*> error;
+    ASSERT_EQ(S_OK, doc_->get_parseError(error.Out()));
+    LONG code = 0, line = 0, column = 0;
+    Bstr reason;
+    EXPECT_TRUE(error->get_errorCode(&code) == S_OK && code != 0);
+    EXPECT_TRUE(error->get_line(&line) == S_OK && line == 3) << line;
+    EXPECT_TRUE(error->get_linepos(&column) == S_OK && column > 0);
+    EXPECT_TRUE(error->get_reason(reason.Out()) == S_OK && Str(reason).size() > 5) << Show(Str(reason));
+    EXPECT_TRUE(Load(u"<a/>"));
+    ASSERT_EQ(S_OK, doc_->get_parseError(error.Out()));
+    EXPECT_TRUE(error->get_errorCode(&code) == S_OK && code == 0);
+}
+
 TEST_F(DomTest, LoadReadsAPathOrFileUrlInTheFilesEncoding) {
     const std::filesystem::path path = std::filesystem::temp_directory_path() / "hmi_dom_load_test.xml";
     const Text generic = path.generic_u16string();

@@ -1,5 +1,7 @@
 #include "posix/msxml/dom_document.h"
 
+#include "posix/msxml/dom_parse_error.h"
+
 #include "posix/com/allocation.h"
 #include "posix/msxml/libxml_setup.h"
 #include "posix/msxml/parse.h"
@@ -62,7 +64,9 @@ HRESULT DomDocument::load(VARIANT source, VARIANT_BOOL* isSuccessful) {
     *isSuccessful = VARIANT_FALSE;
     bool named = source.vt == VT_BSTR && source.bstrVal;
     char* location = named ? HMIUtf16ToUtf8(source.bstrVal, nullptr) : nullptr;
-    xmlDocPtr doc = location ? HMIParseFile(location, version_) : nullptr;
+    failure_ = ParseFailure{};
+    xmlDocPtr doc = location ? HMIParseFile(location, version_, &failure_) : nullptr;
+    if (!location) failure_ = {true, 0, 0, "no file named"};
     HMIComFree(location);
     return Finish(doc, isSuccessful);
 }
@@ -71,7 +75,9 @@ HRESULT DomDocument::loadXML(BSTR text, VARIANT_BOOL* isSuccessful) {
     if (isSuccessful) *isSuccessful = VARIANT_FALSE;
     size_t length = 0;
     char* utf8 = text ? HMIUtf16ToUtf8(text, &length) : nullptr;
-    xmlDocPtr doc = utf8 ? HMIParseText(utf8, length, version_) : nullptr;
+    failure_ = ParseFailure{};
+    xmlDocPtr doc = utf8 ? HMIParseText(utf8, length, version_, &failure_) : nullptr;
+    if (!utf8) failure_ = {true, 0, 0, "no text"};
     HMIComFree(utf8);
     return Finish(doc, isSuccessful);
 }
@@ -84,4 +90,16 @@ HRESULT DomDocument::setProperty(BSTR name, VARIANT value) {
     // Only XPath is implemented; XSLPattern, 3.0's default, is refused rather than misread.
     if (language) return Equal(value.bstrVal, "XPath") ? S_OK : E_FAIL;
     return HMISetSelectionNamespaces(value.bstrVal, &namespaces_);
+}
+
+HRESULT DomDocument::get_parseError(IXMLDOMParseError** errorObj) {
+    if (!errorObj) return E_INVALIDARG;
+    *errorObj = HMIComNew<DomParseError>(failure_);
+    return *errorObj ? S_OK : E_OUTOFMEMORY;
+}
+
+HRESULT DomParseError::get_reason(BSTR* reason) {
+    if (!reason) return E_INVALIDARG;
+    *reason = failure_.failed ? HMIBstrFromUtf8(reinterpret_cast<const unsigned char*>(failure_.reason)) : nullptr;
+    return !failure_.failed ? S_FALSE : *reason ? S_OK : E_OUTOFMEMORY;
 }

@@ -3,6 +3,7 @@
 #define HMI_POSIX_MSXML_DOM_DOCUMENT_H
 
 #include "posix/msxml/node_ops.h"
+#include "posix/msxml/parse.h"
 
 class DomDocument final : public NodeMethods<IXMLDOMDocument2> {
 public:
@@ -13,6 +14,7 @@ public:
     ~DomDocument() override;
 
     HRESULT QueryInterface(REFIID riid, void** object) override;
+    HRESULT get_parseError(IXMLDOMParseError** errorObj) override;
     HRESULT put_async(VARIANT_BOOL isAsync) override;
     HRESULT load(VARIANT source, VARIANT_BOOL* isSuccessful) override;
     HRESULT loadXML(BSTR text, VARIANT_BOOL* isSuccessful) override;
@@ -28,6 +30,7 @@ private:
     DomTree* tree_;
     DomVersion version_;
     SelectionNamespaces namespaces_;
+    ParseFailure failure_;
 };
 
 #endif

@@ -46,7 +46,16 @@ struct IXMLDOMNamedNodeMap : IUnknown {
     virtual HRESULT get_item(LONG index, IXMLDOMNode** listItem) = 0;
 };
 
+// Why the last load failed (errorCode 0 after a successful one). Positions are 1-based.
+struct IXMLDOMParseError : IUnknown {
+    virtual HRESULT get_errorCode(LONG* errorCode) = 0;
+    virtual HRESULT get_reason(BSTR* reason) = 0;
+    virtual HRESULT get_line(LONG* lineNumber) = 0;
+    virtual HRESULT get_linepos(LONG* linePosition) = 0;
+};
+
 struct IXMLDOMDocument : IXMLDOMNode {
+    virtual HRESULT get_parseError(IXMLDOMParseError** errorObj) = 0;
     virtual HRESULT put_async(VARIANT_BOOL isAsync) = 0;
     virtual HRESULT load(VARIANT xmlSource, VARIANT_BOOL* isSuccessful) = 0;
     virtual HRESULT loadXML(BSTR bstrXML, VARIANT_BOOL* isSuccessful) = 0;
@@ -61,5 +70,6 @@ extern const IID IID_IXMLDOMDocument;
 extern const IID IID_IXMLDOMDocument2;
 extern const IID IID_IXMLDOMNodeList;
 extern const IID IID_IXMLDOMNamedNodeMap;
+extern const IID IID_IXMLDOMParseError;
 
 #endif

@@ -1,5 +1,6 @@
 #include "posix/msxml/parse.h"
 
+#include <cstdio>
 #include <cstring>
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
@@ -20,6 +21,7 @@ constexpr size_t kMaxTextBytes = XML_MAX_TEXT_LENGTH;
 
 struct ParseState {
     bool prohibitDtd;
+    ParseFailure* failure;
     int depth = 0;          // elements open
     size_t textBytes = 0;   // of the run of character data being read
     bool refused = false;
@@ -30,9 +32,21 @@ ParseState* State(void* context) {
     return static_cast<ParseState*>(static_cast<xmlParserCtxtPtr>(context)->_private);
 }
 
-void Refuse(void* context) {
+// Keeps the first reason only; a message is cut to the buffer, a line end dropped.
+void Record(ParseFailure* failure, long line, long column, const char* reason) {
+    if (failure->failed) return;
+    failure->failed = true;
+    failure->line = line;
+    failure->column = column;
+    std::snprintf(failure->reason, sizeof failure->reason, "%s", reason ? reason : "not well-formed");
+    failure->reason[std::strcspn(failure->reason, "\r\n")] = 0;
+}
+
+void Refuse(void* context, const char* reason) {
+    auto* parser = static_cast<xmlParserCtxtPtr>(context);
     State(context)->refused = true;
-    xmlStopParser(static_cast<xmlParserCtxtPtr>(context));
+    Record(State(context)->failure, xmlSAX2GetLineNumber(context), xmlSAX2GetColumnNumber(context), reason);
+    xmlStopParser(parser);
 }
 
 bool IsBlank(const xmlChar* text) {
@@ -91,11 +105,13 @@ bool IsWhole(xmlNodePtr element, const xmlChar* uri, int namespaceCount, int att
 }
 
 void OnError(void* context, xmlErrorPtr error) {
-    if (error && error->level >= XML_ERR_ERROR) State(context)->refused = true;
+    if (!error || error->level < XML_ERR_ERROR) return;
+    State(context)->refused = true;
+    Record(State(context)->failure, error->line, error->int2, error->message);
 }
 
 void OnInternalSubset(void* context, const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId) {
-    if (State(context)->prohibitDtd) Refuse(context);
+    if (State(context)->prohibitDtd) Refuse(context, "DTD is prohibited");
     else xmlSAX2InternalSubset(context, name, publicId, systemId);
 }
 
@@ -106,12 +122,12 @@ xmlParserInputPtr OnResolveEntity(void*, const xmlChar*, const xmlChar*) { retur
 void OnCharacters(void* context, const xmlChar* text, int length) {
     ParseState* state = State(context);
     state->textBytes += static_cast<size_t>(length);
-    if (state->textBytes > kMaxTextBytes) return Refuse(context);
+    if (state->textBytes > kMaxTextBytes) return Refuse(context, "text node too long");
     xmlSAX2Characters(context, text, length);
 }
 
 void OnCdata(void* context, const xmlChar* text, int length) {
-    if (static_cast<size_t>(length) > kMaxTextBytes) return Refuse(context);
+    if (static_cast<size_t>(length) > kMaxTextBytes) return Refuse(context, "text node too long");
     AddAfterText(context, [&] { xmlSAX2CDataBlock(context, text, length); });
 }
 
@@ -127,7 +143,7 @@ void OnStartElement(void* context, const xmlChar* localName, const xmlChar* pref
                     int namespaceCount, const xmlChar** namespaces, int attributeCount, int defaultedCount,
                     const xmlChar** attributes) {
     ParseState* state = State(context);
-    if (state->depth == kMaxElementDepth) return Refuse(context);
+    if (state->depth == kMaxElementDepth) return Refuse(context, "elements nested too deeply");
     AddAfterText(context, [&] {
         xmlSAX2StartElementNs(context, localName, prefix, uri, namespaceCount, namespaces, attributeCount,
                               defaultedCount, attributes);
@@ -135,7 +151,7 @@ void OnStartElement(void* context, const xmlChar* localName, const xmlChar* pref
     ++state->depth;
     state->preserve[state->depth] = SpacePreserved(attributes, attributeCount, state->preserve[state->depth - 1]);
     if (!IsWhole(static_cast<xmlParserCtxtPtr>(context)->node, uri, namespaceCount, attributeCount))
-        Refuse(context);
+        Refuse(context, "out of memory");
 }
 
 void OnEndElement(void* context, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri) {
@@ -147,11 +163,14 @@ void OnEndElement(void* context, const xmlChar* localName, const xmlChar* prefix
 
 // Reads with the hooks installed; the document only when everything went right.
 template <typename Read>
-xmlDocPtr Parse(DomVersion version, Read read) {
+xmlDocPtr Parse(DomVersion version, ParseFailure* failure, Read read) {
     HMIXmlPrepareThread();
     xmlParserCtxtPtr context = xmlNewParserCtxt();
-    if (!context) return nullptr;
-    ParseState state{version == DomVersion::Msxml60};
+    if (!context) {
+        Record(failure, 0, 0, "out of memory");
+        return nullptr;
+    }
+    ParseState state{version == DomVersion::Msxml60, failure};
     context->_private = &state;
     xmlSAXHandlerPtr sax = context->sax;
     sax->serror = OnError;
@@ -167,6 +186,10 @@ xmlDocPtr Parse(DomVersion version, Read read) {
     sax->processingInstruction = OnProcessingInstruction;
     xmlDocPtr doc = read(context);
     bool loaded = doc && !state.refused && context->wellFormed && xmlDocGetRootElement(doc);
+    if (!loaded) {
+        Record(failure, xmlSAX2GetLineNumber(context), xmlSAX2GetColumnNumber(context),
+               doc && !xmlDocGetRootElement(doc) ? "no root element" : nullptr);
+    }
     xmlFreeParserCtxt(context);
     if (loaded) return doc;
     xmlFreeDoc(doc);
@@ -187,9 +210,12 @@ char* LocalPath(const char* location) {
 
 }  // namespace
 
-xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version) {
-    if (length > INT32_MAX) return nullptr;
-    return Parse(version, [&](xmlParserCtxtPtr context) {
+xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version, ParseFailure* failure) {
+    if (length > INT32_MAX) {
+        Record(failure, 0, 0, "text too long");
+        return nullptr;
+    }
+    return Parse(version, failure, [&](xmlParserCtxtPtr context) {
         // No encoding argument: the text is UTF-8 by detection, and a named encoding would make
         // libxml2 switch converters, which crashes it when that switch runs out of memory.
         return xmlCtxtReadMemory(context, text, static_cast<int>(length), nullptr, nullptr,
@@ -197,13 +223,17 @@ xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version) {
     });
 }
 
-xmlDocPtr HMIParseFile(const char* location, DomVersion version) {
+xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* failure) {
     HMIXmlPrepareThread();
     char* path = LocalPath(location);
-    if (!path) return nullptr;
-    xmlDocPtr doc = *path ? Parse(version, [&](xmlParserCtxtPtr context) {
+    if (!path) {
+        Record(failure, 0, 0, "out of memory");
+        return nullptr;
+    }
+    xmlDocPtr doc = *path ? Parse(version, failure, [&](xmlParserCtxtPtr context) {
         return xmlCtxtReadFile(context, path, nullptr, kOptions);
     }) : nullptr;
+    if (!*path) Record(failure, 0, 0, "no file named");
     xmlFree(path);
     return doc;
 }

@@ -11,9 +11,17 @@
 // emulation's bound, as libxml2 refuses deeper documents without XML_PARSE_HUGE).
 constexpr int kMaxElementDepth = 256;
 
-// UTF-8 text, any encoding declaration ignored; null when not loaded.
-xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version);
+// Why a load failed: libxml2's first error, or the substitute's own refusal, with where it happened
+// (line and column 1-based, 0 when unknown). A fixed buffer, so that recording it cannot fail.
+struct ParseFailure {
+    bool failed = false;
+    long line = 0, column = 0;
+    char reason[160] = {};
+};
+
+// UTF-8 text, any encoding declaration ignored; null when not loaded, with *failure filled.
+xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version, ParseFailure* failure);
 // A local path or file:// URL, encoding from BOM or declaration; null when not loaded.
-xmlDocPtr HMIParseFile(const char* location, DomVersion version);
+xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* failure);
 
 #endif
