@@ -125,7 +125,7 @@ same "files: show of the rejected medium" cat show @ "$rejected"
 check "files: missing directory" 2 "no directory '$work/none'" "$tool" media --from-files "$work/none"
 check "files: medium without a names file" 2 "names/Nope.xml cannot be loaded" \
     "$tool" names --from-files "$files" Nope
-check "files: medium without a media file" 2 "^hmitool: Nope: .*media/Nope.xml cannot be loaded" \
+check "files: medium without a media file" 2 "^hmitool: Nope: .*media/Nope.xml cannot be read" \
     "$tool" show --from-files "$files" Nope
 check "files: a command that reads no files" 64 'doc does not take --from-files' \
     "$tool" doc --from-files "$files" PlainPaper
@@ -133,10 +133,26 @@ check "files: usage" 64 'hmitool names --from-files DIR MEDIA_ID \[LANG\]' "$too
 
 for f in "$samples"/sample-printer/media/*.xml; do
     case $(basename "$f" .xml) in
-    "$rejected") check "sample $rejected is rejected" 1 "^rejected: .*$reason" "$tool" check "$f" ;;
-    *) check "sample $(basename "$f") is accepted" 0 'ok' "$tool" check "$f" ;;
+    "$rejected") check "sample $rejected is rejected" 1 '^medium/printcolormode.*printquality_rgb\[1\]: rejected: missing attribute "threeposition"$' "$tool" check "$f" ;;
+    *) check "sample $(basename "$f") is accepted" 0 '^ok$' "$tool" check "$f" ;;
     esac
 done
+
+# One mistake of each kind in an accepted medium, each reported with its element path.
+sed -e 's|<format_version>1.00</format_version>||; s|<operationflag>0000218008001000<|<operationflag>0000218008001000F<|' \
+    -e 's|default="color">color,monochrome|default="monochrome">color,sepia|; s|<printcolormode type="all">|<printcolormode type="rainbow">|' \
+    -e 's|<app_filter_id>F350C24E<|<app_filter_id>F350C24E0<|' "$samples/sample-printer/media/TransparencyFilm.xml" >"$work/mistakes.xml"
+for finding in '^medium/format_version: missing$' '^medium/operationflag: "0000218008001000F" is not up to 16 hex' \
+    '^medium/availableprintcolormode: unknown value "sepia"$' \
+    '^medium/availableprintcolormode: default "monochrome" is not in the list$' \
+    '^medium/printcolormode\[1\]/@type: unknown keyword "rainbow"$' \
+    '^medium/printcolormode\[1\]/borderlessprint\[1\]/print_purpose\[1\]/printquality_rgb\[1\]/app_filter_id: too long'; do
+    check "check finds $finding" 1 "$finding" "$tool" check "$work/mistakes.xml"
+done
+check "check lists every finding in json" 0 '^6$' sh -c "\"\$1\" --json check \"\$2\" | python3 -c 'import json,sys; print(len(json.load(sys.stdin)[\"findings\"]))'" _ "$tool" "$work/mistakes.xml"
+printf '<medium>\n  <operationflag>\n</medium>\n' >"$work/broken.xml"
+check "check gives the line and column of an XML error" 1 "broken.xml:3:[0-9]+: syntax: .*operationflag" "$tool" check "$work/broken.xml"
+check "check of a file that cannot be read" 2 "cannot be read" "$tool" check "$work"
 
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]

@@ -1,7 +1,8 @@
-// hmitool check FILE: whether the library accepts the medium of a media-information file, and if
-// not, which element breaks which rule.
+// hmitool check FILE: what in a media-information file the library rejects, what it accepts but is
+// probably a mistake, and where the XML itself is broken.
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "command.h"
 #include "media_file.h"
@@ -10,30 +11,55 @@
 namespace hmitool {
 namespace {
 
+struct Finding {
+    std::string kind;  // "syntax", "rejected" or "doubt"
+    std::string path;  // the element, or for a syntax error "FILE:LINE:COLUMN"
+    std::string message;
+};
+
+std::vector<Finding> FindingsOf(const MediumFile& file, MediumFile::Outcome outcome, const std::string& path) {
+    std::vector<Finding> findings;
+    if (const MediumFile::SyntaxError* error = file.syntaxError()) {
+        findings.push_back({"syntax", path + ":" + std::to_string(error->line) + ":" + std::to_string(error->column),
+                            error->reason});
+    }
+    for (const MediumFile::Doubt& doubt : file.doubts()) findings.push_back({"doubt", doubt.path, doubt.finding});
+    if (outcome == MediumFile::Outcome::kRejected) {
+        const std::string& element = file.rejectedElement();
+        findings.push_back({"rejected", element.empty() ? path : element, file.rejectionReason()});
+    }
+    return findings;
+}
+
 int RunCheck(const std::vector<std::string>& args, const Options& options) {
     MediumFile file;
-    switch (file.Load(args[0])) {
-        case MediumFile::Outcome::kUnreadable:
-            std::fprintf(stderr, "hmitool: %s\n", MediumFile::UnreadableMessage(args[0]).c_str());
-            return kUnreadable;
-        case MediumFile::Outcome::kRejected:
-            if (options.json) {
-                std::printf("{\"accepted\": false, \"element\": %s, \"reason\": %s}\n",
-                            JsonQuote(file.rejectedElement()).c_str(), JsonQuote(file.rejectionReason()).c_str());
-            } else {
-                std::printf("rejected: %s\n", file.Rejection().c_str());
-            }
-            return kRejected;
-        case MediumFile::Outcome::kBuilt:
-            break;
+    const MediumFile::Outcome outcome = file.Load(args[0]);
+    if (outcome == MediumFile::Outcome::kUnreadable && !file.syntaxError()) {
+        std::fprintf(stderr, "hmitool: %s\n", file.UnreadableMessage(args[0]).c_str());
+        return kUnreadable;
     }
-    std::puts(options.json ? "{\"accepted\": true}" : "ok");
-    return kOk;
+    const std::vector<Finding> findings = FindingsOf(file, outcome, args[0]);
+    if (options.json) {
+        std::string list;
+        for (const Finding& f : findings) {
+            list += std::string(list.empty() ? "" : ", ") + "{\"kind\": \"" + f.kind + "\", \"path\": " +
+                    JsonQuote(f.path) + ", \"message\": " + JsonQuote(f.message) + "}";
+        }
+        std::printf("{\"accepted\": %s, \"findings\": [%s]}\n", outcome == MediumFile::Outcome::kBuilt ? "true" : "false",
+                    list.c_str());
+    } else {
+        for (const Finding& f : findings) {
+            std::printf("%s: %s%s\n", f.path.c_str(), f.kind == "doubt" ? "" : (f.kind + ": ").c_str(), f.message.c_str());
+        }
+        if (findings.empty()) std::puts("ok");
+    }
+    return findings.empty() ? kOk : kRejected;
 }
 
 }  // namespace
 
-HMITOOL_COMMAND("check", "FILE", "whether the medium of a media-information file is accepted, and if not why",
+HMITOOL_COMMAND("check", "FILE",
+                "what the library rejects in a media-information file, what looks like a mistake, and XML errors",
                 RunCheck);
 
 }  // namespace hmitool

@@ -58,7 +58,7 @@ int RunTree(const std::vector<std::string>& args, const Options& options) {
     MediumFile file;
     switch (file.Load(args[0])) {
         case MediumFile::Outcome::kUnreadable:
-            std::fprintf(stderr, "hmitool: %s\n", MediumFile::UnreadableMessage(args[0]).c_str());
+            std::fprintf(stderr, "hmitool: %s\n", file.UnreadableMessage(args[0]).c_str());
             return kUnreadable;
         case MediumFile::Outcome::kRejected:
             std::fprintf(stderr, "hmitool: the medium of %s is rejected (hmitool check %s says why)\n",

@@ -48,7 +48,7 @@ public:
     bool NamesReadable(const std::string& id, std::string* error) const override {
         const std::string path = Path("names", id);
         if (XmlFileLoads(path)) return true;
-        *error = MediumFile::UnreadableMessage(path);
+        *error = path + " cannot be loaded: missing, unreadable, not well-formed XML, or with a DTD";
         return false;
     }
 
@@ -89,7 +89,7 @@ public:
         MediumFile medium;
         const MediumFile::Outcome outcome = medium.Load(path);
         if (outcome != MediumFile::Outcome::kUnreadable) return medium.ExplainUnloaded(outcome, reason);
-        *reason = MediumFile::UnreadableMessage(path);
+        *reason = medium.UnreadableMessage(path);
         return kUnreadable;
     }
 

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "command.h"
 #include "media/media_detail.h"
@@ -15,12 +16,28 @@ class MediumFile {
 public:
     enum class Outcome { kBuilt, kRejected, kUnreadable };
 
-    // Loads path inside a COM bracket and builds the tree of its first medium.
+    // Something the library accepts that is probably a mistake, at the path of a value element or
+    // attribute (from "medium").
+    struct Doubt {
+        std::string path, finding;
+    };
+    // Where a document is not well-formed XML (or is refused by the parser, as for a DTD).
+    struct SyntaxError {
+        long line = 0, column = 0;
+        std::string reason;
+    };
+
+    // Loads path inside a COM bracket and builds the tree of its first medium; kUnreadable when the
+    // file cannot be read or (with syntaxError() set) is not well-formed.
     Outcome Load(const std::string& path);
     // Builds the tree of the first medium of a loaded document; kBuilt or kRejected.
     Outcome Parse(IXMLDOMDocument2* document);
 
-    static std::string UnreadableMessage(const std::string& path);
+    // Why Load answered kUnreadable: the syntax error with its position, or that the file cannot be read.
+    std::string UnreadableMessage(const std::string& path) const;
+    const SyntaxError* syntaxError() const { return syntaxError_.reason.empty() ? nullptr : &syntaxError_; }
+    // What the parser doubted while building, in document order; complete only for a built medium.
+    const std::vector<Doubt>& doubts() const { return doubts_; }
 
     const HMIXMLMediaDetail* detail() const { return detail_.get(); }
     // Set after kRejected: the element, as a path from "medium", and what is wrong with it.
@@ -36,6 +53,8 @@ private:
     std::unique_ptr<HMIXMLMediaDetail> detail_;
     std::string rejectedElement_;
     std::string rejectionReason_;
+    SyntaxError syntaxError_;
+    std::vector<Doubt> doubts_;
 };
 
 }  // namespace hmitool

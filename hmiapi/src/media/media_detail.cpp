@@ -25,6 +25,7 @@ bool HMIXMLMediaDetail::OnParsed() {
     if (!ChildrenFiled()) return false;
     HMIReadHexValue(*this, HMI_W("operationflag"), &info.operationflag);
     HMIReadTextValue(*this, HMI_W("format_version"), info.format_version);
+    if (!FindChild(HMI_W("format_version"))) HMIXMLDoubt(this, HMI_W("format_version"), {HMI_W("missing")});
     HMIReadKeywordValue(*this, HMI_W("medium_category"), HMIMediaCategoryConverter, &info.medium_category);
     return HMIReadListValue(*this, HMI_W("unsuported_papersize"), HMIPaperSizeConverter, &info.unsuported_papersize) &&
            HMIReadPrintAreaValue(*this, &info.printarea) &&

@@ -39,6 +39,12 @@ void Report(const HMIXMLNode* node, const WString& reason) {
     currentObserver->OnRejected(PathOf(node).c_str(), reason.c_str());
 }
 
+WString Joined(std::initializer_list<const WCHAR*> parts) {
+    WString text;
+    for (const WCHAR* part : parts) text += part ? part : HMI_W("");
+    return text;
+}
+
 }  // namespace
 
 HMIXMLRejectionScope::HMIXMLRejectionScope(HMIXMLRejectionObserver* observer) noexcept
@@ -51,13 +57,24 @@ HMIXMLRejectionScope::~HMIXMLRejectionScope() { currentObserver = previous; }
 bool HMIXMLReject(const HMIXMLNode* node, std::initializer_list<const WCHAR*> reason) noexcept {
     if (!currentObserver) return false;
     try {
-        WString text;
-        for (const WCHAR* part : reason) text += part ? part : HMI_W("");
-        Report(node, text);
+        Report(node, Joined(reason));
     } catch (const std::bad_alloc&) {
         // The explanation is optional; the rejection stands without it.
     }
     return false;
+}
+
+bool HMIXMLObserving() noexcept { return currentObserver != nullptr; }
+
+void HMIXMLDoubt(const HMIXMLNode* level, const WCHAR* name, std::initializer_list<const WCHAR*> finding,
+                 bool attribute) noexcept {
+    if (!currentObserver) return;
+    try {
+        const WString path = PathOf(level) + (attribute ? HMI_W("/@") : HMI_W("/")) + name;
+        currentObserver->OnDoubtful(path.c_str(), Joined(finding).c_str());
+    } catch (const std::bad_alloc&) {
+        // A doubt is only advice.
+    }
 }
 
 bool HMIXMLRejectOverflow(const HMIXMLNode* node, const WCHAR* listName, size_t held, size_t capacity) noexcept {
