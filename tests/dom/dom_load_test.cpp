@@ -32,6 +32,7 @@ TEST_F(DomTest, ParseErrorTellsWhereAndWhy) {
     LONG code = 0, line = 0, column = 0;
     Bstr reason;
     EXPECT_TRUE(error->get_errorCode(&code) == S_OK && code != 0);
+    if (RunsOnWine()) return;  // Wine 8's parseError gives no position, "error" as reason, and is never cleared
     EXPECT_TRUE(error->get_line(&line) == S_OK && line == 3) << line;
     EXPECT_TRUE(error->get_linepos(&column) == S_OK && column > 0);
     EXPECT_TRUE(error->get_reason(reason.Out()) == S_OK && Str(reason).size() > 5) << Show(Str(reason));

@@ -4,6 +4,12 @@
 
 #include "printerdata/printer_data_read.h"
 
+namespace {
+
+constexpr size_t kDirectChars = 1 << 15;  // offered as they are
+
+}  // namespace
+
 bool ReadMediaName(HANDLE printer, const HMIPopHeader& database, const WCHAR* mediaId, const WCHAR* language,
                    WCHAR* buffer, size_t bufferChars, size_t* requiredChars) {
     if (!printer || !mediaId || !language || !requiredChars) return false;
@@ -14,11 +20,19 @@ bool ReadMediaName(HANDLE printer, const HMIPopHeader& database, const WCHAR* me
     WCHAR nameKey[HMI_KEY_NAME_CAPACITY];
     if (!FormatMediumKey(nameKey, header->media_number, HMI_W("HMN"))) return false;
 
+    // The spooler takes a 32-bit byte count and may marshal all of the buffer it is offered: a large
+    // buffer is offered only as large as the stored value, which a probe tells first.
     DWORD type = 0;
     DWORD needed = 0;
-    // The spooler takes a 32-bit byte count, so a larger buffer is offered as the largest even count; a
-    // null buffer is always a size probe.
-    const DWORD bytes = buffer ? static_cast<DWORD>(std::min<size_t>(bufferChars, 0x7FFFFFFF) * 2) : 0;
+    DWORD bytes = static_cast<DWORD>(bufferChars * 2);
+    if (!buffer) {
+        bytes = 0;
+    } else if (bufferChars > kDirectChars) {
+        const DWORD probe = GetPrinterDataExW(printer, nameKey, language, &type, nullptr, 0, &needed);
+        if (probe == ERROR_SUCCESS) return true;  // nothing stored, nothing to copy
+        if (probe != ERROR_MORE_DATA) return false;
+        bytes = std::max<DWORD>(needed, 2);
+    }
     const DWORD result =
         GetPrinterDataExW(printer, nameKey, language, &type, reinterpret_cast<LPBYTE>(buffer), bytes, &needed);
     if (result == ERROR_SUCCESS) return true;
