@@ -115,8 +115,6 @@ TEST_F(ArgumentSweep, NullPointersOfTheDatabaseEntryPoints) {
         {"common info: out", [&](HMIAccess* a) { return HMIGetCommonInfo(a, nullptr); }},
         {"header: id", [&](HMIAccess* a) { return HMIGetMediaInfoHeader(a, nullptr, &header); }},
         {"header: out", [&](HMIAccess* a) { return HMIGetMediaInfoHeader(a, id, nullptr); }},
-        {"name: id", [&](HMIAccess* a) { return HMIGetMediaName(a, nullptr, en, name, 16, &required); }},
-        {"name: language", [&](HMIAccess* a) { return HMIGetMediaName(a, id, nullptr, name, 16, &required); }},
         {"update: access", [&](HMIAccess*) { return HMIUpdatePrinterHandle(nullptr, printer.handle()); }},
     };
     for (const auto& n : nulls) {

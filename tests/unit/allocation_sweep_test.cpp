@@ -18,125 +18,103 @@ namespace {
 
 using Bytes = std::vector<unsigned char>;
 
-// A call writes its answer into out (kOutBytes, zeroed) and says whether it answered; nothing the test
-// does while faults are armed allocates.
-using Out = unsigned char*;
+// A call appends its answers to out (kOutBytes, zeroed) and says whether all of them were given;
+// nothing the test does while faults are armed allocates.
+class Answers {
+public:
+    explicit Answers(unsigned char* out) : out_(out) {}
+    template <typename R>
+    bool Add(bool ok, const R& record) {
+        if (!ok || at_ + sizeof record > kOutBytes) return false;
+        std::memcpy(out_ + at_, &record, sizeof record);
+        at_ += sizeof record;
+        return true;
+    }
 
-template <typename R>
-bool Answer(bool ok, const R& record, Out out) {
-    static_assert(sizeof record <= kOutBytes, "fits");
-    if (ok) std::memcpy(out, &record, sizeof record);
-    return ok;
-}
+private:
+    unsigned char* out_;
+    size_t at_ = 0;
+};
 
 constexpr const WCHAR* kId = HMI_W("Full");
 
-// The nodes on the way to the photo purpose, made by the node queries.
-struct Path {
-    explicit Path(HMIAccess* a)
-        : detail(HMIFilterMedia(a, kId)), color(HMIFilterColorMode(a, detail, HMI_COLORMODE_COLOR)),
-          on(HMIFilterBorderless(a, color, HMI_ON)), photo(HMIFilterPrintPurpose(a, on, HMI_PRINTPURPOSE_PHOTO)) {}
-    HMIXMLMediaDetail* detail;
-    HMIXMLMediaColorMode* color;
-    HMIXMLMediaBorderlessMode* on;
-    HMIXMLMediaPrintPurpose* photo;
-};
-
-template <typename R, typename Node, typename Get>
-bool Record(HMIAccess* a, Node* node, Get get, Out out) {
+// Fills a zeroed record with get and adds it.
+template <typename R, typename Get>
+bool Ask(Answers& answers, Get get) {
     R r;
     std::memset(&r, 0, sizeof r);
-    return Answer(node && get(a, node, &r), r, out);
+    return answers.Add(get(&r), r);
+}
+
+bool AskDatabase(HMIAccess* a, Answers& answers) {
+    WCHAR name[16] = {};
+    size_t required = 0;
+    unsigned char media[HMI_AVAILABLE_MEDIA_BYTES(1)] = {};
+    const bool listed = HMIGetAvailableMedia(a, reinterpret_cast<_tagHMIAvailableMedia*>(media), sizeof media, &required);
+    std::memset(media + 8, 0, 8);  // the block's own address
+    return Ask<_tagHMICommonInfo>(answers, [&](auto* r) { return HMIGetCommonInfo(a, r); }) &&
+           answers.Add(listed, media) &&
+           Ask<_tagHMIMediaInfoHeader>(answers, [&](auto* r) { return HMIGetMediaInfoHeader(a, kId, r); }) &&
+           answers.Add(HMIGetMediaName(a, kId, HMI_W("en"), name, 16, &required), name);
+}
+
+// Every node query on the way to the photo purpose and every record below it.
+bool AskNodes(HMIAccess* a, Answers& answers) {
+    HMIXMLMediaDetail* detail = HMIFilterMedia(a, kId);
+    HMIXMLMediaColorMode* color = HMIFilterColorMode(a, detail, HMI_COLORMODE_COLOR);
+    HMIXMLMediaBorderlessMode* on = HMIFilterBorderless(a, color, HMI_ON);
+    HMIXMLMediaPrintPurpose* photo = HMIFilterPrintPurpose(a, on, HMI_PRINTPURPOSE_PHOTO);
+    return Ask<_tagHMIMediaInfo>(answers, [&](auto* r) { return HMIGetMediaInfo(a, detail, r); }) &&
+           Ask<_tagHMIAvailableColorMode>(answers, [&](auto* r) { return HMIGetAvailableColorMode(a, detail, r); }) &&
+           Ask<_tagHMIAvailableBorderless>(answers, [&](auto* r) { return HMIGetAvailableBorderless(a, color, r); }) &&
+           Ask<_tagHMIAvailablePrintPurpose>(answers, [&](auto* r) { return HMIGetAvailablePrintPurpose(a, on, r); }) &&
+           Ask<_tagHMIPrintPurposeInfo>(answers, [&](auto* r) { return HMIGetPrintPurposeInfo(a, photo, r); }) &&
+           Ask<_tagHMIAvailablePrintQuality>(answers, [&](auto* r) { return HMIGetAvailablePrintQuality(a, photo, 0, r); }) &&
+           Ask<_tagHMIPrintQualityInfo>(answers, [&](auto* r) {
+               return HMIGetPrintQualityInfo(a, photo, 0, HMI_PRINTQUALITY_3, r);
+           });
 }
 
 struct Row {
     const char* name;
     bool cold;  // the call itself loads the medium (no call before it on the handle)
-    std::function<bool(HMIAccess*, Out)> call;
+    std::function<bool(HMIAccess*, Answers&)> call;
 };
 
 std::vector<Row> PrinterRows(HANDLE printer) {
-    const auto info = [](HMIAccess* a, HMIXMLMediaDetail* d, Out out) { return Record<_tagHMIMediaInfo>(a, d, HMIGetMediaInfo, out); };
-    const auto onoffs = [](HMIAccess* a, HMIXMLMediaColorMode* c, Out out) {
-        return Record<_tagHMIAvailableBorderless>(a, c, HMIGetAvailableBorderless, out);
-    };
-    const auto purposes = [](HMIAccess* a, HMIXMLMediaBorderlessMode* b, Out out) {
-        return Record<_tagHMIAvailablePrintPurpose>(a, b, HMIGetAvailablePrintPurpose, out);
-    };
-    const auto purpose = [](HMIAccess* a, HMIXMLMediaPrintPurpose* p, Out out) {
-        return Record<_tagHMIPrintPurposeInfo>(a, p, HMIGetPrintPurposeInfo, out);
-    };
     return {
-        {"HMIOpen", true, [printer](HMIAccess*, Out out) {
+        {"HMIOpen", true, [printer](HMIAccess*, Answers& out) {
              HMIAccess* opened = HMIOpen(printer);
-             _tagHMICommonInfo common{};
-             const bool ok = opened && HMIGetCommonInfo(opened, &common);
+             const bool ok = opened && AskDatabase(opened, out);
              HMIClose(opened);
-             return Answer(ok, common, out);
+             return ok;
          }},
-        {"HMIUpdatePrinterHandle", false, [printer](HMIAccess* a, Out out) {
-             WCHAR name[16] = {};
-             size_t required = 0;
-             return Answer(HMIUpdatePrinterHandle(a, printer) && HMIGetMediaName(a, kId, HMI_W("en"), name, 16, &required), name, out);
+        {"HMIUpdatePrinterHandle", false, [printer](HMIAccess* a, Answers& out) {
+             return HMIUpdatePrinterHandle(a, printer) && AskDatabase(a, out);
          }},
-        {"HMIClose", false, [printer](HMIAccess*, Out out) {
+        {"HMIClose with a filled cache", false, [printer](HMIAccess*, Answers& out) {
              HMIAccess* other = HMIOpen(printer);
              const bool filled = HMIFilterMedia(other, kId) != nullptr;
              HMIClose(other);
-             return Answer(filled, filled, out);
+             return out.Add(filled, filled);
          }},
-        {"HMIGetCommonInfo", false, [](HMIAccess* a, Out out) {
-             _tagHMICommonInfo r{};
-             return Answer(HMIGetCommonInfo(a, &r), r, out);
+        {"the database queries", false, AskDatabase},
+        {"the node queries, cached", false, AskNodes},
+        {"HMIFilterMedia", true, AskNodes},
+        {"HMIGetMediaInfoDirect", true, [](HMIAccess* a, Answers& out) {
+             return Ask<_tagHMIMediaInfo>(out, [&](auto* r) { return HMIGetMediaInfoDirect(a, kId, r); });
          }},
-        {"HMIGetAvailableMedia", false, [](HMIAccess* a, Out out) {
-             unsigned char block[HMI_AVAILABLE_MEDIA_BYTES(1)] = {};
-             size_t required = 0;
-             const bool ok = HMIGetAvailableMedia(a, reinterpret_cast<_tagHMIAvailableMedia*>(block), sizeof block, &required);
-             std::memset(block + 8, 0, 8);
-             return Answer(ok, block, out);
+        {"HMIFilterColorModeDirect", true, [](HMIAccess* a, Answers& out) {
+             HMIXMLMediaColorMode* c = HMIFilterColorModeDirect(a, kId, HMI_COLORMODE_COLOR);
+             return Ask<_tagHMIAvailableBorderless>(out, [&](auto* r) { return HMIGetAvailableBorderless(a, c, r); });
          }},
-        {"HMIGetMediaInfoHeader", false, [](HMIAccess* a, Out out) {
-             _tagHMIMediaInfoHeader r{};
-             return Answer(HMIGetMediaInfoHeader(a, kId, &r), r, out);
+        {"HMIFilterBorderlessDirect", true, [](HMIAccess* a, Answers& out) {
+             HMIXMLMediaBorderlessMode* b = HMIFilterBorderlessDirect(a, kId, HMI_COLORMODE_COLOR, HMI_ON);
+             return Ask<_tagHMIAvailablePrintPurpose>(out, [&](auto* r) { return HMIGetAvailablePrintPurpose(a, b, r); });
          }},
-        {"HMIGetMediaName", false, [](HMIAccess* a, Out out) {
-             WCHAR name[16] = {};
-             size_t required = 0;
-             return Answer(HMIGetMediaName(a, kId, HMI_W("en"), name, 16, &required), name, out);
-         }},
-        {"HMIFilterMedia", true, [info](HMIAccess* a, Out out) { return info(a, HMIFilterMedia(a, kId), out); }},
-        {"HMIGetMediaInfo", false, [info](HMIAccess* a, Out out) { return info(a, Path(a).detail, out); }},
-        {"HMIGetMediaInfoDirect", true, [](HMIAccess* a, Out out) {
-             _tagHMIMediaInfo r{};
-             return Answer(HMIGetMediaInfoDirect(a, kId, &r), r, out);
-         }},
-        {"HMIGetAvailableColorMode", false, [](HMIAccess* a, Out out) {
-             return Record<_tagHMIAvailableColorMode>(a, Path(a).detail, HMIGetAvailableColorMode, out);
-         }},
-        {"HMIFilterColorMode", false, [onoffs](HMIAccess* a, Out out) { return onoffs(a, Path(a).color, out); }},
-        {"HMIFilterColorModeDirect", true, [onoffs](HMIAccess* a, Out out) {
-             return onoffs(a, HMIFilterColorModeDirect(a, kId, HMI_COLORMODE_COLOR), out);
-         }},
-        {"HMIGetAvailableBorderless", false, [onoffs](HMIAccess* a, Out out) { return onoffs(a, Path(a).color, out); }},
-        {"HMIFilterBorderless", false, [purposes](HMIAccess* a, Out out) { return purposes(a, Path(a).on, out); }},
-        {"HMIFilterBorderlessDirect", true, [purposes](HMIAccess* a, Out out) {
-             return purposes(a, HMIFilterBorderlessDirect(a, kId, HMI_COLORMODE_COLOR, HMI_ON), out);
-         }},
-        {"HMIGetAvailablePrintPurpose", false, [purposes](HMIAccess* a, Out out) { return purposes(a, Path(a).on, out); }},
-        {"HMIFilterPrintPurpose", false, [purpose](HMIAccess* a, Out out) { return purpose(a, Path(a).photo, out); }},
-        {"HMIFilterPrintPurposeDirect", true, [purpose](HMIAccess* a, Out out) {
-             return purpose(a, HMIFilterPrintPurposeDirect(a, kId, HMI_COLORMODE_COLOR, HMI_ON, HMI_PRINTPURPOSE_PHOTO), out);
-         }},
-        {"HMIGetPrintPurposeInfo", false, [purpose](HMIAccess* a, Out out) { return purpose(a, Path(a).photo, out); }},
-        {"HMIGetAvailablePrintQuality", false, [](HMIAccess* a, Out out) {
-             _tagHMIAvailablePrintQuality r{};
-             return Answer(HMIGetAvailablePrintQuality(a, Path(a).photo, 0, &r), r, out);
-         }},
-        {"HMIGetPrintQualityInfo", false, [](HMIAccess* a, Out out) {
-             _tagHMIPrintQualityInfo r;
-             std::memset(&r, 0, sizeof r);
-             return Answer(HMIGetPrintQualityInfo(a, Path(a).photo, 0, HMI_PRINTQUALITY_3, &r), r, out);
+        {"HMIFilterPrintPurposeDirect", true, [](HMIAccess* a, Answers& out) {
+             HMIXMLMediaPrintPurpose* p = HMIFilterPrintPurposeDirect(a, kId, HMI_COLORMODE_COLOR, HMI_ON, HMI_PRINTPURPOSE_PHOTO);
+             return Ask<_tagHMIPrintPurposeInfo>(out, [&](auto* r) { return HMIGetPrintPurposeInfo(a, p, r); });
          }},
     };
 }
@@ -144,7 +122,8 @@ std::vector<Row> PrinterRows(HANDLE printer) {
 // The row's answer, or empty when it did not answer.
 Bytes Call(const Row& row, HMIAccess* access, Bytes& out) {
     std::fill(out.begin(), out.end(), 0);
-    return row.call(access, out.data()) ? out : Bytes();
+    Answers answers(out.data());
+    return row.call(access, answers) ? out : Bytes();
 }
 
 // Sweeps one row on fresh handles; the number of runs in which a failure was injected.
@@ -157,12 +136,14 @@ long Sweep(const Row& row, HANDLE printer, bool persistent) {
     long before = 0;
     const auto open = [&] {
         access = HMIOpen(printer);
-        if (!row.cold) row.call(access, out.data());
+        Answers ignored(out.data());
+        if (!row.cold) row.call(access, ignored);
     };
     bool answered = false;
     const std::function<void()> call = [&] {
         std::fill(got.begin(), got.end(), 0);
-        answered = row.call(access, got.data());
+        Answers answers(got.data());
+        answered = row.call(access, answers);
     };
     const std::function<void(bool)> check = [&](bool injected) {
         EXPECT_TRUE(answered ? got == expected : injected);
@@ -189,10 +170,11 @@ TEST(AllocationSweep, EveryEntryPoint) {
     const WString path = files.Write("every", MediaXml(EveryReaderBody()));
     std::vector<Row> rows = PrinterRows(handle);
     for (const auto& [name, read] : FileReaders()) {
-        rows.push_back({name, true, [&path, read = read, list = std::strstr(name, "list") != nullptr](HMIAccess* a, Out out) {
-                            if (!read(a, path.c_str(), out, nullptr)) return false;
-                            if (list) std::memset(out + 8, 0, 8);  // the block's own address
-                            return true;
+        rows.push_back({name, true, [&path, read = read, list = std::strstr(name, "list") != nullptr](HMIAccess* a, Answers& out) {
+                            unsigned char block[kOutBytes] = {};
+                            const bool ok = read(a, path.c_str(), block, nullptr);
+                            if (list) std::memset(block + 8, 0, 8);  // the block's own address
+                            return out.Add(ok, block);
                         }});
     }
     long points[2] = {0, 0};
@@ -202,7 +184,7 @@ TEST(AllocationSweep, EveryEntryPoint) {
             points[persistent] += Sweep(row, handle, persistent);
         }
     }
-    std::printf("allocation failure points: %ld transient, %ld persistent, over %zu calls\n", points[0], points[1],
+    std::printf("allocation failure points: %ld transient, %ld persistent, over %zu sweeps of the 29 entry points\n", points[0], points[1],
                 rows.size());
     EXPECT_GT(points[0], 500);
 }
