@@ -66,8 +66,9 @@ bool HMIReadList(const HMIXMLNode* element, const IHMITagConverter<T>& converter
 // Doubts about a list that was read: every value that no table knows, and a default that is unknown
 // or not in the list.
 template <typename T>
-void HMIDoubtListValues(const HMIXMLNode& level, const WCHAR* name, const IHMITagConverter<T>& converter) noexcept {
-    HMIHeapString copy(HMIStrDup(level.FindChild(name)->Text()));
+void HMIDoubtListValues(const HMIXMLNode& level, const WCHAR* name, const HMIXMLNode& element,
+                        const IHMITagConverter<T>& converter) noexcept {
+    HMIHeapString copy(HMIStrDup(element.Text()));
     if (!copy) return;
     HMIForEachToken(copy.get(), [&](const WCHAR* token) {
         if (converter.Convert(token) == converter.InvalidValue()) {
@@ -78,12 +79,13 @@ void HMIDoubtListValues(const HMIXMLNode& level, const WCHAR* name, const IHMITa
 }
 
 template <typename T, typename E, size_t N>
-void HMIDoubtDefault(const HMIXMLNode&, const WCHAR*, const IHMITagConverter<T>&, const HMITagList<E, N>&) noexcept {}
+void HMIDoubtDefault(const HMIXMLNode&, const WCHAR*, const HMIXMLNode&, const IHMITagConverter<T>&,
+                     const HMITagList<E, N>&) noexcept {}
 
 template <typename T, typename E, size_t N>
-void HMIDoubtDefault(const HMIXMLNode& level, const WCHAR* name, const IHMITagConverter<T>& converter,
-                     const HMITagListWithDefault<E, N>& list) noexcept {
-    const HMIXMLNode* attribute = level.FindChild(name)->FindAttribute(HMI_W("default"));
+void HMIDoubtDefault(const HMIXMLNode& level, const WCHAR* name, const HMIXMLNode& element,
+                     const IHMITagConverter<T>& converter, const HMITagListWithDefault<E, N>& list) noexcept {
+    const HMIXMLNode* attribute = element.FindAttribute(HMI_W("default"));
     if (!attribute) return;
     const WCHAR* text = attribute->Text() ? attribute->Text() : HMI_W("");
     if (list.defaultValue == static_cast<E>(converter.InvalidValue())) {
@@ -102,7 +104,10 @@ bool HMIReadListValue(const HMIXMLNode& level, const WCHAR* name, const IHMITagC
     const HMIXMLNode* element = level.FindChild(name);
     if (!element) return true;
     if (HMIReadList(element, converter, list)) {
-        if (HMIXMLObserving()) HMIDoubtListValues(level, name, converter), HMIDoubtDefault(level, name, converter, *list);
+        if (HMIXMLObserving()) {
+            HMIDoubtListValues(level, name, *element, converter);
+            HMIDoubtDefault(level, name, *element, converter, *list);
+        }
         return true;
     }
     const size_t capacity = std::size(list->values);
