@@ -7,6 +7,7 @@
 #include <libxml/parserInternals.h>
 #include <libxml/uri.h>
 #include "posix/com/allocation.h"
+#include "posix/msxml/file_text.h"
 #include "posix/msxml/libxml_setup.h"
 
 namespace {
@@ -226,14 +227,26 @@ xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version, Pars
 xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* failure) {
     HMIXmlPrepareThread();
     char* path = LocalPath(location);
-    if (!path) {
-        Record(failure, 0, 0, "out of memory");
+    if (!path || !*path) {
+        Record(failure, 0, 0, path ? "no file named" : "out of memory");
+        xmlFree(path);
         return nullptr;
     }
-    xmlDocPtr doc = *path ? Parse(version, failure, [&](xmlParserCtxtPtr context) {
-        return xmlCtxtReadFile(context, path, nullptr, kOptions);
-    }) : nullptr;
-    if (!*path) Record(failure, 0, 0, "no file named");
+    size_t length = 0;
+    const char* reason = nullptr;
+    char* text = HMIReadFileAsUtf8(path, &length, &reason);
+    xmlDocPtr doc = nullptr;
+    if (!text) {
+        Record(failure, 0, 0, reason);
+    } else if (length > INT32_MAX) {
+        Record(failure, 0, 0, "the file is too large");
+    } else {
+        doc = Parse(version, failure, [&](xmlParserCtxtPtr context) {
+            return xmlCtxtReadMemory(context, text, static_cast<int>(length), path, nullptr,
+                                     kOptions | XML_PARSE_IGNORE_ENC);
+        });
+    }
+    HMIComFree(text);
     xmlFree(path);
     return doc;
 }

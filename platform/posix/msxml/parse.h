@@ -21,7 +21,7 @@ struct ParseFailure {
 
 // UTF-8 text, any encoding declaration ignored; null when not loaded, with *failure filled.
 xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version, ParseFailure* failure);
-// A local path or file:// URL, encoding from BOM or declaration; null when not loaded.
+// A local path or file:// URL, encoding from BOM or declaration (see file_text.h); null when not loaded.
 xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* failure);
 
 #endif
