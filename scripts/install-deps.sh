@@ -1,8 +1,13 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build and the tests need, when any is missing.
+# Installs the Debian packages the build (and the tests) need, when any is missing.
 set -euo pipefail
-packages=(cmake g++ make libxml2-dev googletest libgtest-dev libbenchmark-dev
-          mingw-w64 g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix wine wine64)
+# Usage: install-deps.sh [build|all]: what the Linux build needs, or (default) everything the tests need
+# too: GoogleTest, Google Benchmark, Doxygen, the Windows cross toolchain and Wine.
+build=(cmake g++ make libxml2-dev pkg-config)
+tests=(googletest libgtest-dev libbenchmark-dev doxygen unzip llvm mingw-w64 g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix
+       wine wine64)
+packages=("${build[@]}")
+[ "${1:-all}" = build ] || packages+=("${tests[@]}")
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")

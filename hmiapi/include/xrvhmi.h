@@ -1,4 +1,5 @@
-/* XRVHMI: media information of the printer driver.
+/** @file xrvhmi.h
+ * XRVHMI: media information of the printer driver.
  * C ABI shared by XRVHMI.dll (Windows x64) and libxrvhmi.so (Linux x86-64).
  * Every record layout below is binding; sizes and offsets are checked at compile time. */
 #ifndef XRVHMI_H
@@ -6,6 +7,8 @@
 
 #include <stddef.h>
 #include <stdint.h>
+
+#include "xrvhmi_version.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -127,6 +130,7 @@ typedef struct _tagHMIAvailableMedia {
     uint64_t count;
     WCHAR (*ids)[65];
 } _tagHMIAvailableMedia;
+/** The size of a media list block with count ids. */
 #define HMI_AVAILABLE_MEDIA_BYTES(count) (16u + 130u * (uint64_t)(count))
 
 typedef struct _tagHMIMediaInfoHeader {
@@ -149,6 +153,7 @@ typedef struct _tagHMIMediaNameList {
     uint64_t count;
     _tagHMIMediaName* names;
 } _tagHMIMediaNameList;
+/** The size of a name list block with count names. */
 #define HMI_MEDIA_NAME_LIST_BYTES(count) (16u + 136u * (uint64_t)(count))
 
 /* ---- Records of a medium's option tree ---- */
@@ -217,74 +222,136 @@ class HMIXMLMediaColorMode;
 class HMIXMLMediaBorderlessMode;
 class HMIXMLMediaPrintPurpose;
 #else
-typedef struct HMIAccess HMIAccess;
-typedef struct HMIXMLMediaDetail HMIXMLMediaDetail;
-typedef struct HMIXMLMediaColorMode HMIXMLMediaColorMode;
-typedef struct HMIXMLMediaBorderlessMode HMIXMLMediaBorderlessMode;
-typedef struct HMIXMLMediaPrintPurpose HMIXMLMediaPrintPurpose;
+typedef struct HMIAccess HMIAccess;                                 /**< A handle from HMIOpen. */
+typedef struct HMIXMLMediaDetail HMIXMLMediaDetail;                 /**< A medium's option tree. */
+typedef struct HMIXMLMediaColorMode HMIXMLMediaColorMode;           /**< A colour mode's branch. */
+typedef struct HMIXMLMediaBorderlessMode HMIXMLMediaBorderlessMode; /**< A borderless setting's branch. */
+typedef struct HMIXMLMediaPrintPurpose HMIXMLMediaPrintPurpose;     /**< A print purpose's branch. */
 #endif
 
-/* ---- Exports ----
+/* ---- Exports ---- */
+/** @defgroup rules Rules every entry point keeps
+ * Every entry point checks its pointers: a null one that it needs makes it fail (FALSE or null) without
+ * writing any out-argument; none throws, none crashes on bad printer data or bad XML. Records are copied byte for
+ * byte into the caller's memory. Enumeration arguments may hold any 32 bits.
+ *
  * Threads: the library takes no locks. A handle from HMIOpen, and every node reached from it, must be
  * used by one thread at a time; distinct handles share no mutable state and may be used on different
- * threads at once. The File entry points initialise COM on the calling thread for each call, so any
- * thread may make them. A C API cannot detect a handle used after HMIClose or one from another library. */
+ * threads at once. Entry points that load a document (the Filter and Direct forms on a medium not yet
+ * cached, and the File entry points) initialise COM on the calling thread for that call only and leave
+ * it as they found it, so any thread may make them.
+ *
+ * A C API cannot detect a handle used after HMIClose or one from another library. @{ */
+/** @} */
 #ifdef __cplusplus
 extern "C" {
 #endif
 
+/** Opens a handle on a printer's media database: printerHandle is a printer opened with OpenPrinterW,
+ * whose paper-type database is loaded now, or null for a handle that only the File entry points use.
+ * @return the handle, owned by the caller and released with HMIClose; null when the database cannot be
+ *         read (missing or oversized common values) or memory runs out. A medium whose entry cannot be
+ *         read is left out of the database; nothing else is. */
 HMI_EXPORT HMIAccess* HMIOpen(HANDLE printerHandle);
+/** Makes later reads of names and media documents use printerHandle (the database stays the one loaded
+ * by HMIOpen; cached media stay cached). @return FALSE only for a null access. */
 HMI_EXPORT BOOL HMIUpdatePrinterHandle(HMIAccess* access, HANDLE printerHandle);
+/** Releases the handle and every medium it cached (nodes from HMIFilterMedia and the Direct forms are
+ * invalid afterwards; trees from HMIFilterMediaFile are not). A null access is ignored. */
 HMI_EXPORT void HMIClose(HMIAccess* access);
-/* product_id and pop_db_time hold the stored units as they are: a stored text that fills its field
- * carries no terminator, so read them bounded by the field's width. */
+/** The database's common information. product_id and pop_db_time hold the stored units as they are: a
+ * stored text that fills its field carries no terminator, so read them bounded by the field's width.
+ * @return FALSE for a handle without a printer. */
 HMI_EXPORT BOOL HMIGetCommonInfo(HMIAccess* access, _tagHMICommonInfo* out);
+/** The common information of a database file (the same record from the XML file at path), written
+ * into *out field by field. @return FALSE when the file cannot be loaded or lacks a field. */
 HMI_EXPORT BOOL HMIGetCommonInfoFile(HMIAccess* access, const WCHAR* path, _tagHMICommonInfo* out);
+/** The ids of the database's media, in list order: the record, then `count` ids of WCHAR[65], in one
+ * block of HMI_AVAILABLE_MEDIA_BYTES(count) bytes; `ids` points into the block. A null buffer asks for
+ * the size: when buffer is null or smaller than needed the call fails, writes nothing into it and sets
+ * *requiredBytes (requiredBytes may be null). */
 HMI_EXPORT BOOL HMIGetAvailableMedia(HMIAccess* access, _tagHMIAvailableMedia* buffer, size_t bufferBytes,
                                      size_t* requiredBytes);
+/** HMIGetAvailableMedia from a database file: the ids of every "papertype_info" element. A buffer that
+ * fits is zero-filled, all bufferBytes of it, before the ids are written. */
 HMI_EXPORT BOOL HMIGetAvailableMediaFile(HMIAccess* access, const WCHAR* path, _tagHMIAvailableMedia* buffer,
                                          size_t bufferBytes, size_t* requiredBytes);
+/** The header of the medium mediaId (exact, case-sensitive). @return FALSE for an unknown id. */
 HMI_EXPORT BOOL HMIGetMediaInfoHeader(HMIAccess* access, const WCHAR* mediaId, _tagHMIMediaInfoHeader* out);
+/** The header of the "papertype_info" element whose id is mediaId in a database file. */
 HMI_EXPORT BOOL HMIGetMediaInfoHeaderFile(HMIAccess* access, const WCHAR* path, const WCHAR* mediaId,
                                           _tagHMIMediaInfoHeader* out);
-/* The name is copied as stored: a stored name without a terminating zero is copied without one, and
- * the buffer's units after the stored ones are left as they were. */
+/** The medium's name in language (e.g. "en"), as stored in the printer data, into buffer of bufferChars
+ * WCHARs (null asks for the size). The name is copied as stored: a stored name without a terminating
+ * zero is copied without one, and the buffer's units after the stored ones are left as they were.
+ * requiredChars must be given: it is set to the stored characters + 1 when the buffer is null or too
+ * small (the call fails), and to 0 after a success or when the medium has no name in that language.
+ * @return FALSE also for an unknown medium (requiredChars untouched). */
 HMI_EXPORT BOOL HMIGetMediaName(HMIAccess* access, const WCHAR* mediaId, const WCHAR* language, WCHAR* buffer,
                                 size_t bufferChars, size_t* requiredChars);
+/** The name in language from a names file's "iv:medianame_item" elements (the first that matches). A
+ * buffer of length + 1 WCHARs is needed: a smaller one fails with *requiredChars set (when given) and
+ * nothing written. */
 HMI_EXPORT BOOL HMIGetMediaNameFile(HMIAccess* access, const WCHAR* path, const WCHAR* language, WCHAR* buffer,
                                     size_t bufferChars, size_t* requiredChars);
+/** Every (language, name) of a names file's "medianame_item" elements in no namespace: the record, then
+ * `count` _tagHMIMediaName entries in the same block; sizes as HMIGetAvailableMedia. */
 HMI_EXPORT BOOL HMIEnumMediaNamesFile(HMIAccess* access, const WCHAR* path, _tagHMIMediaNameList* buffer,
                                       size_t bufferBytes, size_t* requiredBytes);
+/** The option tree of the medium mediaId: loaded from its media-information document on first use and
+ * cached in the handle, so later calls return the same node without reading the printer again.
+ * @return a node owned by the handle, valid until HMIClose; null for an unknown id or a document that is
+ *         missing, not well-formed or rejected (nothing is cached then; a later call tries again). */
 HMI_EXPORT HMIXMLMediaDetail* HMIFilterMedia(HMIAccess* access, const WCHAR* mediaId);
+/** The option tree of the first medium of the media-information file at path, named mediaId.
+ * @return a tree owned by the caller, released with HMICloseMediaFile; it outlives the handle. */
 HMI_EXPORT HMIXMLMediaDetail* HMIFilterMediaFile(HMIAccess* access, const WCHAR* mediaId, const WCHAR* path);
+/** Releases a tree from HMIFilterMediaFile (not a node from HMIFilterMedia). Ignored with a null access. */
 HMI_EXPORT void HMICloseMediaFile(HMIAccess* access, HMIXMLMediaDetail* detail);
+/** The medium's own record. */
 HMI_EXPORT BOOL HMIGetMediaInfo(HMIAccess* access, HMIXMLMediaDetail* detail, _tagHMIMediaInfo* out);
+/** HMIGetMediaInfo of HMIFilterMedia(access, mediaId). */
 HMI_EXPORT BOOL HMIGetMediaInfoDirect(HMIAccess* access, const WCHAR* mediaId, _tagHMIMediaInfo* out);
+/** The medium's available colour modes with their default. */
 HMI_EXPORT BOOL HMIGetAvailableColorMode(HMIAccess* access, HMIXMLMediaDetail* detail,
                                          _tagHMIAvailableColorMode* out);
+/** The branch for colorMode below the medium: the node of that value, else the node of "all"; null when
+ * neither exists. Nodes below a medium live as long as the medium's tree. */
 HMI_EXPORT HMIXMLMediaColorMode* HMIFilterColorMode(HMIAccess* access, HMIXMLMediaDetail* detail,
                                                     tagHMI_COLORMODE colorMode);
+/** HMIFilterColorMode of HMIFilterMedia(access, mediaId). */
 HMI_EXPORT HMIXMLMediaColorMode* HMIFilterColorModeDirect(HMIAccess* access, const WCHAR* mediaId,
                                                           tagHMI_COLORMODE colorMode);
+/** The borderless settings available below a colour mode, with their default. */
 HMI_EXPORT BOOL HMIGetAvailableBorderless(HMIAccess* access, HMIXMLMediaColorMode* colorMode,
                                           _tagHMIAvailableBorderless* out);
+/** The branch for borderless below a colour mode, falling back to "all" as HMIFilterColorMode does. */
 HMI_EXPORT HMIXMLMediaBorderlessMode* HMIFilterBorderless(HMIAccess* access, HMIXMLMediaColorMode* colorMode,
                                                           _tagHMI_ONOFF borderless);
+/** HMIFilterBorderless below HMIFilterColorModeDirect(access, mediaId, colorMode). */
 HMI_EXPORT HMIXMLMediaBorderlessMode* HMIFilterBorderlessDirect(HMIAccess* access, const WCHAR* mediaId,
                                                                 tagHMI_COLORMODE colorMode,
                                                                 _tagHMI_ONOFF borderless);
+/** The print purposes available below a borderless setting, with their default. */
 HMI_EXPORT BOOL HMIGetAvailablePrintPurpose(HMIAccess* access, HMIXMLMediaBorderlessMode* borderless,
                                             _tagHMIAvailablePrintPurpose* out);
+/** The branch for purpose below a borderless setting, falling back to "all". */
 HMI_EXPORT HMIXMLMediaPrintPurpose* HMIFilterPrintPurpose(HMIAccess* access, HMIXMLMediaBorderlessMode* borderless,
                                                           tagHMI_PRINTPURPOSE purpose);
+/** HMIFilterPrintPurpose below HMIFilterBorderlessDirect(access, mediaId, colorMode, borderless). */
 HMI_EXPORT HMIXMLMediaPrintPurpose* HMIFilterPrintPurposeDirect(HMIAccess* access, const WCHAR* mediaId,
                                                                 tagHMI_COLORMODE colorMode,
                                                                 _tagHMI_ONOFF borderless,
                                                                 tagHMI_PRINTPURPOSE purpose);
+/** The print purpose's record, with the quality lists of all four variants. */
 HMI_EXPORT BOOL HMIGetPrintPurposeInfo(HMIAccess* access, HMIXMLMediaPrintPurpose* purpose,
                                        _tagHMIPrintPurposeInfo* out);
+/** The qualities available for one variant: 0 rgb, 1 cmyk_4DLUT, 2 cmyk_1DLUT, 3 index; another variant
+ * fails. */
 HMI_EXPORT BOOL HMIGetAvailablePrintQuality(HMIAccess* access, HMIXMLMediaPrintPurpose* purpose, DWORD variant,
                                             _tagHMIAvailablePrintQuality* out);
+/** The record of quality in one variant (as HMIGetAvailablePrintQuality) below a print purpose: that
+ * quality's node, else the variant's "all" node; FALSE when neither exists. */
 HMI_EXPORT BOOL HMIGetPrintQualityInfo(HMIAccess* access, HMIXMLMediaPrintPurpose* purpose, DWORD variant,
                                        tagHMI_PRINTQUALITY quality, _tagHMIPrintQualityInfo* out);
 

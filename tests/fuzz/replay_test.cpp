@@ -1,5 +1,5 @@
-// The fuzz targets that reach the Windows paths, replayed through the shared library (XRVHMI.dll under
-// Wine, where the allocation-failure byte reaches no allocation: the DLL has its own runtime).
+// The fuzz targets that reach the Windows paths (under Wine through XRVHMI.dll, whose own runtime the
+// allocation-failure byte does not reach).
 #include "fuzz/file_readers_exercise.h"
 #include "fuzz/media_document_exercise.h"
 #include "fuzz/printer_data_exercise.h"

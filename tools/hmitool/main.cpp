@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "command.h"
+#include "xrvhmi.h"
 
 namespace hmitool {
 namespace {
@@ -23,7 +24,8 @@ std::string FilesUsage(const Command& command) {
 }
 
 void PrintUsage(FILE* out) {
-    std::fprintf(out, "usage: hmitool [--json] [--all] [--from-files DIR] COMMAND ARGS...\n\ncommands:\n");
+    std::fprintf(out, "usage: hmitool [--json] [--all] [--from-files DIR] COMMAND ARGS...\n"
+                      "       hmitool --version\n\ncommands:\n");
     for (const Command& c : Commands()) {
         std::fprintf(out, "  %s %s\n", c.name, c.usage);
         if (c.readsFiles) std::fprintf(out, "  %s %s\n", c.name, FilesUsage(c).c_str());
@@ -83,6 +85,9 @@ int main(int argc, char** argv) {
             directory = argv[++i];
         } else if (std::strcmp(argv[i], "--all") == 0) {
             options.all = true;
+        } else if (std::strcmp(argv[i], "--version") == 0) {
+            std::printf("hmitool %s\n", XRVHMI_VERSION_STRING);
+            return FinishOutput(kOk);
         } else if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
             PrintUsage(stdout);
             return kOk;
