@@ -91,6 +91,14 @@ char* Decode(const char* bytes, size_t size, const char* encoding, size_t* lengt
     return out;
 }
 
+// Whether libxml2 would take the start of a text for UCS-4, UTF-16 or EBCDIC and switch to it: never
+// UTF-8 XML (a NUL, or bytes that cannot start UTF-8), so such a text is refused before parsing.
+bool LooksLikeAnotherEncoding(std::string_view text) {
+    const std::string_view start = text.substr(0, 4);
+    return start.find('\0') != std::string_view::npos || start == "\x4C\x6F\xA7\x94" ||
+           start.substr(0, 2) == "\xFE\xFF" || start.substr(0, 2) == "\xFF\xFE";
+}
+
 }  // namespace
 
 char* HMIReadFileAsUtf8(const char* path, size_t* length, const char** reason) {
@@ -103,7 +111,10 @@ char* HMIReadFileAsUtf8(const char* path, size_t* length, const char** reason) {
     if (!encoding) {
         std::memmove(bytes, bytes + skip, size - skip + 1);
         *length = size - skip;
-        return bytes;
+        if (!LooksLikeAnotherEncoding(std::string_view(bytes, *length))) return bytes;
+        *reason = "the text is not UTF-8 and names no encoding";
+        HMIComFree(bytes);
+        return nullptr;
     }
     char* utf8 = Decode(bytes, size, encoding, length, reason);
     HMIComFree(bytes);
