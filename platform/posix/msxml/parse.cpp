@@ -197,6 +197,29 @@ xmlDocPtr Parse(DomVersion version, ParseFailure* failure, Read read) {
     return nullptr;
 }
 
+// UTF-8 text handed to libxml2 through its I/O callbacks rather than xmlCtxtReadMemory, whose buffer
+// libxml2 2.9 leaks when it runs out of memory while copying a text of more than 8 KB into it.
+struct TextSource {
+    const char* next;
+    size_t left;
+};
+
+int ReadText(void* context, char* buffer, int length) {
+    auto* source = static_cast<TextSource*>(context);
+    const size_t n = source->left < static_cast<size_t>(length) ? source->left : static_cast<size_t>(length);
+    std::memcpy(buffer, source->next, n);
+    source->next += n;
+    source->left -= n;
+    return static_cast<int>(n);
+}
+
+// No encoding argument, and the declared one ignored: the text is UTF-8, and a named encoding would
+// make libxml2 switch converters, which crashes it when that switch runs out of memory.
+xmlDocPtr ReadUtf8(xmlParserCtxtPtr context, const char* text, size_t length, const char* url) {
+    TextSource source{text, length};
+    return xmlCtxtReadIO(context, ReadText, nullptr, &source, url, nullptr, kOptions | XML_PARSE_IGNORE_ENC);
+}
+
 // A file:// URL becomes its unescaped path; anything else is a path already.
 char* LocalPath(const char* location) {
     const char* path = location;
@@ -212,16 +235,7 @@ char* LocalPath(const char* location) {
 }  // namespace
 
 xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version, ParseFailure* failure) {
-    if (length > INT32_MAX) {
-        Record(failure, 0, 0, "text too long");
-        return nullptr;
-    }
-    return Parse(version, failure, [&](xmlParserCtxtPtr context) {
-        // No encoding argument: the text is UTF-8 by detection, and a named encoding would make
-        // libxml2 switch converters, which crashes it when that switch runs out of memory.
-        return xmlCtxtReadMemory(context, text, static_cast<int>(length), nullptr, nullptr,
-                                 kOptions | XML_PARSE_IGNORE_ENC);
-    });
+    return Parse(version, failure, [&](xmlParserCtxtPtr context) { return ReadUtf8(context, text, length, nullptr); });
 }
 
 xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* failure) {
@@ -238,13 +252,8 @@ xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* f
     xmlDocPtr doc = nullptr;
     if (!text) {
         Record(failure, 0, 0, reason);
-    } else if (length > INT32_MAX) {
-        Record(failure, 0, 0, "the file is too large");
     } else {
-        doc = Parse(version, failure, [&](xmlParserCtxtPtr context) {
-            return xmlCtxtReadMemory(context, text, static_cast<int>(length), path, nullptr,
-                                     kOptions | XML_PARSE_IGNORE_ENC);
-        });
+        doc = Parse(version, failure, [&](xmlParserCtxtPtr context) { return ReadUtf8(context, text, length, path); });
     }
     HMIComFree(text);
     xmlFree(path);
