@@ -7,19 +7,7 @@ build=$1 src=$2
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 store=$src/samples/sample-printer.reg
-passed=0 failed=0
-check() {  # name, expected exit code, pattern the output must match, command...
-    local name=$1 code=$2 pattern=$3 out rc
-    shift 3
-    out=$("$@" 2>&1)
-    rc=$?
-    if [ "$rc" -eq "$code" ] && printf '%s\n' "$out" | grep -q -E -- "$pattern"; then
-        passed=$((passed + 1))
-    else
-        failed=$((failed + 1))
-        printf 'FAILED %s: exit %s (want %s), output:\n%s\n' "$name" "$rc" "$code" "$out" | head -20
-    fi
-}
+. "$(dirname "$0")/../check.sh"
 
 cmake --install "$build" --prefix "$work/installed" >/dev/null || exit 1
 mv "$work/installed" "$work/moved"  # the package files hold no absolute paths
@@ -42,5 +30,4 @@ for program in "$work/cmake/list-media" "$work/pc"; do
     check "$program: a printer that cannot be opened" 2 "cannot open the printer '$work/none.reg'" run "$work/none.reg"
 done
 
-echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+summary

@@ -5,21 +5,7 @@ set -u
 tool=$1 samples=$2
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-passed=0 failed=0
-
-check() {  # name, expected exit code, pattern the output must match, command...
-    local name=$1 code=$2 pattern=$3
-    shift 3
-    local out rc
-    out=$("$@" 2>&1)
-    rc=$?
-    if [ "$rc" -eq "$code" ] && printf '%s\n' "$out" | grep -q -E -- "$pattern"; then
-        passed=$((passed + 1))
-    else
-        failed=$((failed + 1))
-        printf 'FAILED %s: exit %s (want %s), output:\n%s\n' "$name" "$rc" "$code" "$out" | head -20
-    fi
-}
+. "$(dirname "$0")/../check.sh"
 
 store=$samples/sample-printer.reg
 check "media lists every medium" 0 '^26 +OtherPhotoPaper +0000001A' "$tool" media "$store"
@@ -154,5 +140,4 @@ printf '<medium>\n  <operationflag>\n</medium>\n' >"$work/broken.xml"
 check "check gives the line and column of an XML error" 1 "broken.xml:3:[0-9]+: syntax: .*operationflag" "$tool" check "$work/broken.xml"
 check "check of a file that cannot be read" 2 "cannot be read" "$tool" check "$work"
 
-echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+summary
