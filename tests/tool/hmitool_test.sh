@@ -14,6 +14,9 @@ check "names in all languages" 0 '^ja +' "$tool" names "$store" PhotoGlossyPro
 check "name in one language" 0 '^de +Fotopapier' "$tool" names "$store" PhotoGlossyPro de
 check "unknown language" 1 "no name in language 'xx'" "$tool" names "$store" PhotoGlossyPro xx
 check "unknown medium" 2 "no medium 'Nope'" "$tool" names "$store" Nope
+check "coverage marks a missing name" 1 '^HagakiPlain +x +x +- +x$' "$tool" coverage "$store"
+check "coverage gives each language's share" 1 '^named % +100 +100 +89 +96$' "$tool" coverage "$store"
+check "coverage as json" 0 "^\['fr'\] 88.9$" sh -c "\"\$1\" --json coverage \"\$2\" | python3 -c 'import json,sys; d=json.load(sys.stdin); print(d[\"missing\"][\"HagakiPhoto\"], d[\"languages\"][\"fr\"])'" _ "$tool" "$store"
 check "document reassembled" 0 '^<medium>' "$tool" doc "$store" TransparencyFilm
 check "missing store" 2 'No such file' "$tool" media "$work/missing.reg"
 
@@ -101,6 +104,7 @@ same "files: media" no_number_valid media @
 same "files: media as json" no_number_valid --json media @
 same "files: every cascade" no_root_name media --all @
 same "files: every cascade as json" no_root_name --json media --all @
+same "files: coverage" cat coverage @
 same "files: names" cat names @ PhotoGlossyPro
 same "files: names as json" cat --json names @ HagakiPhoto
 same "files: one name" cat names @ PrintableDiscGlossy fr
