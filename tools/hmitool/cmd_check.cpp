@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "command.h"
+#include "json_output.h"
 #include "media_file.h"
 #include "text.h"
 
@@ -40,13 +41,9 @@ int RunCheck(const std::vector<std::string>& args, const Options& options) {
     }
     const std::vector<Finding> findings = FindingsOf(file, outcome, args[0]);
     if (options.json) {
-        std::string list;
-        for (const Finding& f : findings) {
-            list += std::string(list.empty() ? "" : ", ") + "{\"kind\": \"" + f.kind + "\", \"path\": " +
-                    JsonQuote(f.path) + ", \"message\": " + JsonQuote(f.message) + "}";
-        }
-        std::printf("{\"accepted\": %s, \"findings\": [%s]}\n", outcome == MediumFile::Outcome::kBuilt ? "true" : "false",
-                    list.c_str());
+        Json list = Json::array();
+        for (const Finding& f : findings) list.push_back({{"kind", f.kind}, {"path", f.path}, {"message", f.message}});
+        PrintJson({{"accepted", outcome == MediumFile::Outcome::kBuilt}, {"findings", list}});
     } else {
         for (const Finding& f : findings) {
             std::printf("%s: %s%s\n", f.path.c_str(), f.kind == "doubt" ? "" : (f.kind + ": ").c_str(), f.message.c_str());
@@ -60,6 +57,6 @@ int RunCheck(const std::vector<std::string>& args, const Options& options) {
 
 HMITOOL_COMMAND("check", "FILE",
                 "what the library rejects in a media-information file, what looks like a mistake, and XML errors",
-                RunCheck);
+                "check samples/sample-printer/media/PlainPaper.xml", RunCheck);
 
 }  // namespace hmitool

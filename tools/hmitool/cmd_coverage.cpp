@@ -1,6 +1,7 @@
 // hmitool coverage PRINTER (or --from-files DIR): which media have a name in which language, as a
 // table of media by languages with the gaps marked and each language's share of named media.
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <map>
 #include <set>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "command.h"
+#include "json_output.h"
 #include "media_source.h"
 
 namespace hmitool {
@@ -40,48 +42,43 @@ int RunCoverage(const std::vector<std::string>& args, const Options& options) {
         }
         rows.push_back(row);
     }
+    const auto share = [&](size_t count) {
+        return std::round(1000.0 * static_cast<double>(count) / static_cast<double>(rows.size())) / 10;
+    };
+    bool gaps = false;
+    for (const auto& entry : named) gaps = gaps || entry.second < rows.size();
+    for (const Row& row : rows) gaps = gaps || row.named.empty();
+    if (options.json) {
+        Json languages = Json::object(), missing = Json::object();
+        for (const auto& [language, count] : named) languages[language] = share(count);
+        for (const Row& row : rows) {
+            for (const auto& entry : named) {
+                if (!row.named.count(entry.first)) missing[row.id].push_back(entry.first);
+            }
+        }
+        PrintJson({{"languages", languages}, {"missing", missing}});
+        return gaps ? kRejected : kOk;
+    }
     size_t width = 8;
     for (const Row& row : rows) width = std::max(width, row.id.size());
-    bool gaps = false;
-    if (options.json) std::printf("{\"languages\": {");
-    else std::printf("%-*s", static_cast<int>(width), "medium");
-    const auto share = [&](size_t count) { return 100.0 * static_cast<double>(count) / static_cast<double>(rows.size()); };
-    const char* separator = "";
-    for (const auto& [language, count] : named) {
-        gaps = gaps || count < rows.size();
-        if (options.json) std::printf("%s%s: %.1f", separator, JsonQuote(language).c_str(), share(count)), separator = ", ";
-        else std::printf(" %5s", language.c_str());
-    }
-    std::printf(options.json ? "}, \"missing\": {" : "\n");
-    separator = "";
+    std::printf("%-*s", static_cast<int>(width), "medium");
+    for (const auto& entry : named) std::printf(" %5s", entry.first.c_str());
+    std::printf("\n");
     for (const Row& row : rows) {
-        gaps = gaps || row.named.empty();
-        std::string missing;
-        if (!options.json) std::printf("%-*s", static_cast<int>(width), row.id.c_str());
-        for (const auto& entry : named) {
-            const std::string& language = entry.first;
-            const bool has = row.named.count(language) != 0;
-            if (!options.json) std::printf(" %5s", has ? "x" : "-");
-            if (!has) missing += std::string(missing.empty() ? "" : ", ") + JsonQuote(language);
-        }
-        if (options.json && !missing.empty()) {
-            std::printf("%s%s: [%s]", separator, JsonQuote(row.id).c_str(), missing.c_str()), separator = ", ";
-        }
-        if (!options.json) std::printf("\n");
-    }
-    if (options.json) {
-        std::printf("}}\n");
-    } else {
-        std::printf("%-*s", static_cast<int>(width), "named %");
-        for (const auto& entry : named) std::printf(" %5.0f", share(entry.second));
+        std::printf("%-*s", static_cast<int>(width), row.id.c_str());
+        for (const auto& entry : named) std::printf(" %5s", row.named.count(entry.first) ? "x" : "-");
         std::printf("\n");
     }
+    std::printf("%-*s", static_cast<int>(width), "named %");
+    for (const auto& entry : named) std::printf(" %5.0f", share(entry.second));
+    std::printf("\n");
     return gaps ? kRejected : kOk;
 }
 
 }  // namespace
 
 HMITOOL_COMMAND("coverage", "PRINTER",
-                "which media have a name in which language, gaps marked (exit 1 when there are gaps)", RunCoverage, true);
+                "which media have a name in which language, gaps marked (exit 1 when there are gaps)", 
+                "coverage samples/sample-printer.reg", RunCoverage, kFromFilesOption);
 
 }  // namespace hmitool

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "command.h"
+#include "json_output.h"
 #include "database.h"
 #include "stored_document.h"
 #include "xml_print.h"
@@ -25,7 +26,7 @@ int RunDoc(const std::vector<std::string>& args, const Options& options) {
         return kUnreadable;
     }
     if (options.json) {
-        std::printf("{\"key\": %s, \"document\": %s}\n", JsonQuote(document.key()).c_str(), JsonQuote(xml).c_str());
+        PrintJson({{"key", document.key()}, {"document", xml}});
     } else {
         std::fputs(xml.c_str(), stdout);
     }
@@ -34,6 +35,7 @@ int RunDoc(const std::vector<std::string>& args, const Options& options) {
 
 }  // namespace
 
-HMITOOL_COMMAND("doc", "PRINTER MEDIA_ID", "a medium's media-information document, pretty-printed", RunDoc);
+HMITOOL_COMMAND("doc", "PRINTER MEDIA_ID", "a medium's media-information document, pretty-printed",
+                "doc samples/sample-printer.reg PlainPaper", RunDoc);
 
 }  // namespace hmitool

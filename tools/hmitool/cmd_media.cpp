@@ -7,6 +7,7 @@
 
 #include "cascade_writer.h"
 #include "command.h"
+#include "json_output.h"
 #include "media_source.h"
 
 namespace hmitool {
@@ -38,23 +39,23 @@ void PrintText(const _tagHMICommonInfo& info, const std::vector<WString>& ids, c
     }
 }
 
-void PrintJson(const _tagHMICommonInfo& info, const std::vector<WString>& ids, const MediaSource& source) {
-    std::printf("{\"db_format_ver\": %g, \"product_id\": %s, \"pop_db_time\": %s, \"media\": [",
-                static_cast<double>(info.db_format_ver), JsonQuote(Narrow(info.product_id, 9)).c_str(),
-                JsonQuote(Narrow(info.pop_db_time, 21)).c_str());
-    const char* separator = "";
+void PrintMediaJson(const _tagHMICommonInfo& info, const std::vector<WString>& ids, const MediaSource& source) {
+    Json media = Json::array();
     for (const WString& id : ids) {
+        Json medium = {{"id", Narrow(id.c_str())}};
         _tagHMIMediaInfoHeader header;
-        std::printf("%s\n  {\"id\": %s", separator, JsonQuote(Narrow(id.c_str())).c_str());
         if (source.Header(id, &header)) {
-            std::printf(", \"media_number\": \"%s\", \"valid\": %u, \"visible\": %d, \"checksum\": %s",
-                        Hex8(header.media_number).c_str(), static_cast<unsigned>(header.valid), header.visible,
-                        JsonQuote(Narrow(header.checksum, 33)).c_str());
+            medium["media_number"] = Hex8(header.media_number);
+            medium["valid"] = header.valid;
+            medium["visible"] = header.visible;
+            medium["checksum"] = Narrow(header.checksum, 33);
         }
-        std::printf("}");
-        separator = ",";
+        media.push_back(medium);
     }
-    std::printf("\n]}\n");
+    PrintJson({{"db_format_ver", info.db_format_ver},
+               {"product_id", Narrow(info.product_id, 9)},
+               {"pop_db_time", Narrow(info.pop_db_time, 21)},
+               {"media", media}});
 }
 
 int WriteEveryCascade(const std::string& printerName, const MediaSource& source, bool json) {
@@ -93,7 +94,7 @@ int RunMedia(const std::vector<std::string>& args, const Options& options) {
     if (options.all) return WriteEveryCascade(args[0], *source, options.json);
     const std::vector<WString> ids = source->MediaIds();
     if (options.json) {
-        PrintJson(info, ids, *source);
+        PrintMediaJson(info, ids, *source);
     } else {
         PrintText(info, ids, *source);
     }
@@ -104,6 +105,6 @@ int RunMedia(const std::vector<std::string>& args, const Options& options) {
 
 HMITOOL_COMMAND("media", "PRINTER",
                 "the database's common information and every medium's header; with --all every medium's cascade",
-                RunMedia, true);
+                "media --all samples/sample-printer.reg", RunMedia, kAllOption | kFromFilesOption);
 
 }  // namespace hmitool

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "command.h"
+#include "json_output.h"
 #include "media_source.h"
 
 namespace hmitool {
@@ -22,22 +23,19 @@ int RunNames(const std::vector<std::string>& args, const Options& options) {
     const std::vector<MediumName> names =
         args.size() == 3 ? std::vector<MediumName>{source->Name(id, Widen(args[2]))} : source->AllNames(id);
     int missing = 0;
-    const char* separator = "";
-    if (options.json) std::printf("{");
+    Json json = Json::object();
     for (const MediumName& name : names) {
         const std::string language = Narrow(name.language.c_str());
         missing += !name.found;
         if (options.json) {
-            std::printf("%s\n  %s: %s", separator, JsonQuote(language).c_str(),
-                        name.found ? JsonQuote(Narrow(name.name.c_str())).c_str() : "null");
-            separator = ",";
+            json[language] = name.found ? Json(Narrow(name.name.c_str())) : Json();
         } else if (name.found) {
             std::printf("%-4s %s\n", language.c_str(), Narrow(name.name.c_str()).c_str());
         } else {
             std::fprintf(stderr, "hmitool: no name in language '%s'\n", language.c_str());
         }
     }
-    if (options.json) std::printf("\n}\n");
+    if (options.json) PrintJson(json);
     if (names.empty()) std::fprintf(stderr, "hmitool: no names stored for '%s'\n", id.c_str());
     return names.empty() || missing ? kRejected : kOk;
 }
@@ -45,6 +43,6 @@ int RunNames(const std::vector<std::string>& args, const Options& options) {
 }  // namespace
 
 HMITOOL_COMMAND("names", "PRINTER MEDIA_ID [LANG]", "a medium's names, in one language or in every stored one",
-                RunNames, true);
+                "names samples/sample-printer.reg PhotoGlossyPro de", RunNames, kFromFilesOption);
 
 }  // namespace hmitool

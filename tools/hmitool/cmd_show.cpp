@@ -30,6 +30,6 @@ int RunShow(const std::vector<std::string>& args, const Options& options) {
 
 HMITOOL_COMMAND("show", "PRINTER MEDIA_ID",
                 "a medium's option cascade as the library answers it, with the branches reached through \"all\"",
-                RunShow, true);
+                "show samples/sample-printer.reg TransparencyFilm", RunShow, kFromFilesOption);
 
 }  // namespace hmitool

@@ -75,6 +75,7 @@ int RunTree(const std::vector<std::string>& args, const Options& options) {
 
 }  // namespace
 
-HMITOOL_COMMAND("tree", "FILE", "the option cascade of the medium in a media-information file", RunTree);
+HMITOOL_COMMAND("tree", "FILE", "the option cascade of the medium in a media-information file",
+                "tree samples/sample-printer/media/EnvelopePlain.xml", RunTree);
 
 }  // namespace hmitool

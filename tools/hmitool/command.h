@@ -1,33 +1,50 @@
-// hmitool subcommands register themselves; main dispatches on the first argument.
+// hmitool subcommands register themselves; main parses the command line and dispatches.
 #ifndef HMITOOL_COMMAND_H
 #define HMITOOL_COMMAND_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace hmitool {
 
-// Exit codes: 0 success, 1 the data was read but is rejected or inconsistent, 2 it could not be
-// read at all (no such printer, unloadable database or document), 64 wrong usage, 74 the output
-// could not be written.
-enum ExitCode { kOk = 0, kRejected = 1, kUnreadable = 2, kUsage = 64, kOutputFailed = 74 };
+// Exit codes: 0 success (for diff: equal), 1 the data was read but is rejected, inconsistent or (for
+// diff) different, 2 it could not be read at all (no such printer, unloadable database or document),
+// 64 wrong usage, 70 internal error (memory exhausted), 73 the store could not be written, 74 the output could not be written.
+enum ExitCode { kOk = 0, kRejected = 1, kUnreadable = 2, kUsage = 64, kInternal = 70, kCannotCreate = 73, kOutputFailed = 74 };
+
+// The options a command may take, beyond --json which every command takes.
+enum OptionSet : unsigned {
+    kAllOption = 1,            // --all
+    kFromFilesOption = 2,      // --from-files DIR in place of the first argument, PRINTER
+    kPackOptions = 4,          // --chunk-bytes N, --printer-key NAME, --keep-rejected
+    kSvgOption = 8,            // --svg FILE
+};
 
 struct Options {
     bool json = false;
-    bool all = false;        // media: every medium's cascade instead of the headers
-    bool fromFiles = false;  // the first argument is a directory of files, not a printer
+    bool all = false;             // media: every medium's cascade instead of the headers
+    bool fromFiles = false;       // the first argument is a directory of files, not a printer
+    size_t chunkBytes = 4096;     // pack: bytes per document chunk
+    std::string printerKey;       // pack: write absolute key paths below this printer's registry key
+    bool keepRejected = false;    // pack: store media whose document the library rejects
+    std::string svgFile;          // graph: render to this file
 };
 
 struct Command {
     const char* name;
     const char* usage;    // arguments after the name, e.g. "PRINTER MEDIA_ID [LANG]"; counted from it
     const char* summary;  // one line
+    const char* example;  // one invocation, shown by the command's --help
     int (*run)(const std::vector<std::string>& args, const Options& options);
-    bool readsFiles = false;  // "--from-files DIR" may stand for the first argument, PRINTER
+    unsigned options = 0;  // OptionSet bits
 };
 
 // Adds a command at static-initialisation time; see HMITOOL_COMMAND.
 bool RegisterCommand(const Command& command);
+
+// The whole program on a UTF-8 command line (the platform's entry point converts it).
+int Main(const std::vector<std::string>& args);
 
 }  // namespace hmitool
 

@@ -1,10 +1,13 @@
-// hmitool: inspect and validate the media databases of printers.
+// hmitool: inspect, check, compare and pack the media databases of printers.
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include <CLI/CLI.hpp>
 
 #include "command.h"
 #include "xrvhmi.h"
@@ -12,9 +15,40 @@
 namespace hmitool {
 namespace {
 
+const char kExitCodes[] =
+    "exit codes:\n"
+    "  0   success; for check, coverage and diff: nothing found, the two are equal\n"
+    "  1   read, but rejected, inconsistent, incomplete or (diff) different\n"
+    "  2   cannot be read: no such printer, store, directory, file or medium\n"
+    "  64  wrong usage\n"
+    "  73  the store cannot be written (an existing store is left as it was)\n"
+    "  70  internal error, such as memory exhausted\n"
+    "  74  the output cannot be written\n";
+
 std::vector<Command>& Commands() {
     static std::vector<Command> commands;
     return commands;
+}
+
+std::vector<std::string> UsageWords(const Command& command) {
+    std::vector<std::string> words;
+    std::string word;
+    for (const char* p = command.usage;; ++p) {
+        if (*p == ' ' || !*p) {
+            if (!word.empty()) words.push_back(word);
+            word.clear();
+            if (!*p) return words;
+        } else {
+            word += *p;
+        }
+    }
+}
+
+// The argument counts a usage text allows: its words, the bracketed ones optional.
+bool ArgumentCountFits(const Command& command, size_t count) {
+    size_t required = 0, optional = 0;
+    for (const std::string& word : UsageWords(command)) (word[0] == '[' ? optional : required) += 1;
+    return count >= required && count <= required + optional;
 }
 
 // The usage with its first word, PRINTER, given as --from-files DIR.
@@ -23,31 +57,19 @@ std::string FilesUsage(const Command& command) {
     return std::string("--from-files DIR") + (rest ? rest : "");
 }
 
-void PrintUsage(FILE* out) {
-    std::fprintf(out, "usage: hmitool [--json] [--all] [--from-files DIR] COMMAND ARGS...\n"
-                      "       hmitool --version\n\ncommands:\n");
-    for (const Command& c : Commands()) {
-        std::fprintf(out, "  %s %s\n", c.name, c.usage);
-        if (c.readsFiles) std::fprintf(out, "  %s %s\n", c.name, FilesUsage(c).c_str());
-        std::fprintf(out, "      %s\n", c.summary);
-    }
+std::string CommandUsage(const Command& c) {
+    std::string usage = std::string("usage: hmitool ") + c.name + " " + c.usage + "\n";
+    if (c.options & kFromFilesOption) usage += std::string("       hmitool ") + c.name + " " + FilesUsage(c) + "\n";
+    return usage;
 }
 
-void PrintCommandUsage(const Command& c) {
-    std::fprintf(stderr, "usage: hmitool %s %s\n", c.name, c.usage);
-    if (c.readsFiles) std::fprintf(stderr, "       hmitool %s %s\n", c.name, FilesUsage(c).c_str());
-}
+void PrintCommandUsage(const Command& c) { std::fputs(CommandUsage(c).c_str(), stderr); }
 
-// The argument counts a usage text allows: its words, the bracketed ones optional.
-bool ArgumentCountFits(const Command& command, size_t count) {
-    size_t required = 0, optional = 0;
-    for (const char* p = command.usage; *p;) {
-        while (*p == ' ') ++p;
-        if (!*p) break;
-        (*p == '[' ? optional : required) += 1;
-        while (*p && *p != ' ') ++p;
-    }
-    return count >= required && count <= required + optional;
+// The summary over the usage, as the command's --help shows it.
+std::string CommandDescription(const Command& c) {
+    std::string usage = CommandUsage(c);
+    usage.pop_back();
+    return std::string(c.summary) + "\n" + usage;
 }
 
 // Output lost to a full disk or a closed pipe is an error, not a success.
@@ -55,6 +77,63 @@ int FinishOutput(int code) {
     if (std::fflush(stdout) == 0 && !std::ferror(stdout)) return code;
     std::fprintf(stderr, "hmitool: writing the output failed: %s\n", std::strerror(errno));
     return kOutputFailed;
+}
+
+// One command's part of the command line: its positional words in order, and its options.
+struct Invocation {
+    const Command* command = nullptr;
+    CLI::App* app = nullptr;
+    std::vector<std::unique_ptr<std::string>> words;
+    std::vector<CLI::Option*> positionals;
+    std::string directory;
+};
+
+void DefineOptions(Invocation& in, Options& options) {
+    const Command& c = *in.command;
+    CLI::App& sub = *in.app;
+    sub.add_flag("--json", options.json, "write JSON instead of text");
+    if (c.options & kAllOption) sub.add_flag("--all", options.all, "every medium's option cascade");
+    if (c.options & kFromFilesOption) {
+        sub.add_option("--from-files", in.directory, "read database.xml, names/ and media/ in DIR instead of PRINTER")
+            ->type_name("DIR");
+    }
+    if (c.options & kPackOptions) {
+        sub.add_option("--chunk-bytes", options.chunkBytes, "bytes per document chunk, even")
+            ->capture_default_str()
+            ->check(CLI::Range(size_t{2}, size_t{1} << 20))
+            ->check([](const std::string& text) {
+                return std::strtoul(text.c_str(), nullptr, 10) % 2 ? std::string("must be even") : std::string();
+            });
+        sub.add_option("--printer-key", options.printerKey,
+                       "write absolute key paths below the registry key of printer NAME (for regedit)")
+            ->type_name("NAME");
+        sub.add_flag("--keep-rejected", options.keepRejected,
+                     "store media whose document the library rejects (reported, not refused)");
+    }
+    if (c.options & kSvgOption) {
+        sub.add_option("--svg", options.svgFile, "render the graph to FILE with Graphviz's dot")->type_name("FILE");
+    }
+    for (const std::string& word : UsageWords(c)) {
+        const bool optional = word[0] == '[';
+        const std::string name = optional ? word.substr(1, word.find(']') - 1) : word;
+        in.words.push_back(std::make_unique<std::string>());
+        in.positionals.push_back(sub.add_option(name, *in.words.back(), optional ? "(optional)" : ""));
+    }
+}
+
+int Run(const Invocation& in, Options& options) {
+    const Command& c = *in.command;
+    std::vector<std::string> args;
+    for (size_t i = 0; i < in.positionals.size(); ++i) {
+        if (in.positionals[i]->count()) args.push_back(*in.words[i]);
+    }
+    options.fromFiles = (c.options & kFromFilesOption) && in.app->count("--from-files") != 0;
+    if (options.fromFiles) args.insert(args.begin(), in.directory);
+    if (!ArgumentCountFits(c, args.size())) {
+        PrintCommandUsage(c);
+        return kUsage;
+    }
+    return FinishOutput(c.run(args, options));
 }
 
 }  // namespace
@@ -66,57 +145,46 @@ bool RegisterCommand(const Command& command) {
     return true;
 }
 
-}  // namespace hmitool
-
-int main(int argc, char** argv) {
-    using namespace hmitool;
+int Main(const std::vector<std::string>& args) {
+    CLI::App app("hmitool: inspect, check, compare and pack the media databases of printers.\n"
+                 "A PRINTER is a spooler printer on Windows, a store file or store name on Linux.",
+                 "hmitool");
+    app.footer(std::string(kExitCodes) + "\n'hmitool COMMAND --help' describes a command, with an example.");
+    bool version = false;
+    app.add_flag("--version", version, "print the version and exit");
+    app.require_subcommand(0, 1);
     Options options;
-    std::vector<std::string> args;
-    std::string directory;
-    for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--json") == 0) {
-            options.json = true;
-        } else if (std::strcmp(argv[i], "--from-files") == 0) {
-            if (options.fromFiles || i + 1 == argc) {
-                std::fprintf(stderr, "hmitool: --from-files takes one DIR\n");
-                return kUsage;
-            }
-            options.fromFiles = true;
-            directory = argv[++i];
-        } else if (std::strcmp(argv[i], "--all") == 0) {
-            options.all = true;
-        } else if (std::strcmp(argv[i], "--version") == 0) {
-            std::printf("hmitool %s\n", XRVHMI_VERSION_STRING);
-            return FinishOutput(kOk);
-        } else if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
-            PrintUsage(stdout);
-            return kOk;
-        } else {
-            args.emplace_back(argv[i]);
+    app.add_flag("--json", options.json, "write JSON instead of text (also after the command)");
+    std::vector<Invocation> invocations(Commands().size());
+    for (size_t i = 0; i < Commands().size(); ++i) {
+        Invocation& in = invocations[i];
+        in.command = &Commands()[i];
+        in.app = app.add_subcommand(in.command->name, CommandDescription(*in.command));
+        in.app->footer(std::string("example:\n  hmitool ") + in.command->example);
+        DefineOptions(in, options);
+    }
+    std::vector<std::string> reversed(args.rbegin(), args.rend());
+    try {
+        app.parse(reversed);
+    } catch (const CLI::ParseError& error) {
+        const int code = app.exit(error);
+        return code == 0 ? FinishOutput(kOk) : kUsage;
+    }
+    if (version) {
+        std::printf("hmitool %s\n", XRVHMI_VERSION_STRING);
+        return FinishOutput(kOk);
+    }
+    for (const Invocation& in : invocations) {
+        if (!in.app->parsed()) continue;
+        try {
+            return Run(in, options);
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "hmitool: internal error: %s\n", error.what());
+            return kInternal;
         }
     }
-    if (args.empty()) {
-        PrintUsage(stderr);
-        return kUsage;
-    }
-    for (const Command& c : Commands()) {
-        if (args[0] == c.name) {
-            args.erase(args.begin());
-            if (options.fromFiles) {
-                if (!c.readsFiles) {
-                    std::fprintf(stderr, "hmitool: %s does not take --from-files\n", c.name);
-                    return kUsage;
-                }
-                args.insert(args.begin(), directory);
-            }
-            if (!ArgumentCountFits(c, args.size())) {
-                PrintCommandUsage(c);
-                return kUsage;
-            }
-            return FinishOutput(c.run(args, options));
-        }
-    }
-    std::fprintf(stderr, "hmitool: unknown command '%s'\n", args[0].c_str());
-    PrintUsage(stderr);
+    std::fputs(app.help().c_str(), stderr);
     return kUsage;
 }
+
+}  // namespace hmitool

@@ -1,7 +1,5 @@
 #include "outline_writer.h"
 
-#include "text.h"
-
 namespace hmitool {
 namespace {
 
@@ -15,48 +13,42 @@ std::string Joined(const std::vector<std::string>& values) {
 }  // namespace
 
 void OutlineWriter::Open(const std::string& kind, const std::string& name, NodeMarks marks) {
-    if (json_) {
-        if (!depth_.empty()) {
-            out_ += depth_.back() ? ", " : ", \"children\": [";
-            depth_.back() = true;
-        }
-        out_ += "{\"kind\": " + JsonQuote(kind) + ", \"name\": " + JsonQuote(name) +
-                ", \"all\": " + (marks.all ? "true" : "false") + (marks.isDefault ? ", \"default\": true" : "") +
-                (marks.noBranch ? ", \"branch\": false" : "");
-    } else {
-        out_ += Indent() + kind + (name.empty() ? "" : " " + name) + (marks.isDefault ? " (default)" : "") +
-                (marks.noBranch ? " (no branch)" : "") +
-                (marks.all ? "  [all: serves every value without a node of its own]" : "") + "\n";
+    if (!json_) {
+        text_ += Indent() + kind + (name.empty() ? "" : " " + name) + (marks.isDefault ? " (default)" : "") +
+                 (marks.noBranch ? " (no branch)" : "") +
+                 (marks.all ? "  [all: serves every value without a node of its own]" : "") + "\n";
+        open_.push_back(nullptr);
+        return;
     }
-    depth_.push_back(false);
+    Json node = {{"kind", kind}, {"name", name}, {"all", marks.all}};
+    if (marks.isDefault) node["default"] = true;
+    if (marks.noBranch) node["branch"] = false;
+    if (open_.empty()) {
+        root_ = std::move(node);
+        open_.push_back(&root_);
+    } else {
+        Json& children = (*open_.back())["children"];
+        children.push_back(std::move(node));
+        open_.push_back(&children.back());
+    }
 }
 
-void OutlineWriter::Close() {
-    const bool hadChildren = depth_.back();
-    depth_.pop_back();
-    if (json_) out_ += std::string(hadChildren ? "]" : "") + "}" + (depth_.empty() ? "\n" : "");
-}
+void OutlineWriter::Close() { open_.pop_back(); }
 
 void OutlineWriter::Scalar(const std::string& field, const std::string& value) {
-    out_ += json_ ? ", " + JsonQuote(field) + ": " + JsonQuote(value) : Indent() + "- " + field + ": " + value + "\n";
+    if (json_) (*open_.back())[field] = value;
+    else text_ += Indent() + "- " + field + ": " + value + "\n";
 }
 
 void OutlineWriter::List(const std::string& field, const std::vector<std::string>& values) {
-    out_ += json_ ? ", " + JsonQuote(field) + ": " + JsonArray(values)
-                  : Indent() + "- " + field + ": " + Joined(values) + "\n";
+    if (json_) (*open_.back())[field] = values;
+    else text_ += Indent() + "- " + field + ": " + Joined(values) + "\n";
 }
 
 void OutlineWriter::ListWithDefault(const std::string& field, const std::string& defaultValue,
                                     const std::vector<std::string>& values) {
-    out_ += json_ ? ", " + JsonQuote(field) + ": {\"default\": " + JsonQuote(defaultValue) +
-                        ", \"values\": " + JsonArray(values) + "}"
-                  : Indent() + "- " + field + ": " + Joined(values) + " (default " + defaultValue + ")\n";
-}
-
-std::string OutlineWriter::JsonArray(const std::vector<std::string>& values) const {
-    std::string out = "[";
-    for (const std::string& v : values) out += (out.size() > 1 ? ", " : "") + JsonQuote(v);
-    return out + "]";
+    if (json_) (*open_.back())[field] = {{"default", defaultValue}, {"values", values}};
+    else text_ += Indent() + "- " + field + ": " + Joined(values) + " (default " + defaultValue + ")\n";
 }
 
 }  // namespace hmitool

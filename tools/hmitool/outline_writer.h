@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "json_output.h"
+
 namespace hmitool {
 
 // How a node was reached. all: the node serves every value without a node of its own; isDefault: the
@@ -20,7 +22,7 @@ public:
     explicit OutlineWriter(bool json) : json_(json) {}
 
     // A node: "kind name" in the outline; {"kind": ..., "name": ..., "all": ...} in JSON, with
-    // "default": true and "branch": false only when so marked. Fields come before child nodes.
+    // "default": true and "branch": false only when so marked, and its child nodes in "children".
     void Open(const std::string& kind, const std::string& name, NodeMarks marks);
     void Open(const std::string& kind, const std::string& name, bool all) { Open(kind, name, NodeMarks{all}); }
     void Close();
@@ -30,16 +32,16 @@ public:
     void ListWithDefault(const std::string& field, const std::string& defaultValue,
                          const std::vector<std::string>& values);
 
-    // The text written so far; every node must be closed.
-    const std::string& str() const { return out_; }
+    // The text written; every node must be closed.
+    std::string str() const { return json_ ? JsonText(root_) : text_; }
 
 private:
-    std::string Indent() const { return std::string(2 * depth_.size(), ' '); }
-    std::string JsonArray(const std::vector<std::string>& values) const;
+    std::string Indent() const { return std::string(2 * open_.size(), ' '); }
 
     bool json_;
-    std::vector<bool> depth_;  // per open node: whether it has children yet
-    std::string out_;
+    std::string text_;
+    Json root_;
+    std::vector<Json*> open_;  // the open nodes, innermost last
 };
 
 }  // namespace hmitool

@@ -1,7 +1,5 @@
 #include "text.h"
 
-#include <cstdio>
-
 namespace hmitool {
 
 WString Widen(const std::string& utf8) {
@@ -49,23 +47,6 @@ std::string Narrow(const WCHAR* utf16, size_t maxUnits) {
         }
     }
     return out;
-}
-
-std::string JsonQuote(const std::string& utf8) {
-    std::string out = "\"";
-    for (unsigned char c : utf8) {
-        if (c == '"' || c == '\\') {
-            out.push_back('\\');
-            out.push_back(static_cast<char>(c));
-        } else if (c < 0x20) {
-            char buf[8];
-            std::snprintf(buf, sizeof buf, "\\u%04x", c);
-            out += buf;
-        } else {
-            out.push_back(static_cast<char>(c));
-        }
-    }
-    return out + "\"";
 }
 
 }  // namespace hmitool

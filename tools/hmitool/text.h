@@ -13,7 +13,6 @@ using WString = std::basic_string<WCHAR>;
 WString Widen(const std::string& utf8);
 // Reads at most maxUnits units (a fixed field may lack its terminator).
 std::string Narrow(const WCHAR* utf16, size_t maxUnits = static_cast<size_t>(-1));
-std::string JsonQuote(const std::string& utf8);
 
 }  // namespace hmitool
 
