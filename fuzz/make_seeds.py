@@ -13,7 +13,7 @@ SMALL_MEDIA = ["TransparencyFilm", "MetallicFilmNoThreeposition", "IronOnTransfe
 
 def store_sections():
     """The sample store as (key line, body lines) in file order."""
-    lines = (SAMPLES / "sample-printer.reg").read_text(encoding="utf-8").splitlines()
+    lines = (SAMPLES / "sample-printer.reg").read_text(encoding="utf-16").splitlines()
     sections, current = [], None
     for line in lines:
         if line.startswith("["):

@@ -3,8 +3,8 @@
 set -euo pipefail
 # Usage: install-deps.sh [build|all]: what the Linux build needs, or (default) everything the tests need
 # too: GoogleTest, Google Benchmark, Doxygen, the Windows cross toolchain and Wine.
-build=(cmake g++ make libxml2-dev pkg-config)
-tests=(googletest libgtest-dev libbenchmark-dev doxygen unzip llvm mingw-w64 g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix
+build=(cmake g++ make libxml2-dev pkg-config libcli11-dev nlohmann-json3-dev)
+tests=(graphviz googletest libgtest-dev libbenchmark-dev doxygen unzip llvm mingw-w64 g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix
        wine wine64)
 packages=("${build[@]}")
 [ "${1:-all}" = build ] || packages+=("${tests[@]}")

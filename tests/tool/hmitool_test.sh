@@ -69,18 +69,70 @@ check "the rejected medium in json" 0 'missing attribute' \
 check "show --json marks all" 0 '^\[True\]$' json_eval "$work/show.json" \
     '[n["all"] for n in nodes if n["kind"] == "printcolormode" and n["name"] == "monochrome"]'
 
+files=$samples/sample-printer
 # A copy of the sample whose transparency film keeps its colour node only: monochrome has no branch.
 cp -r "$samples/sample-printer" "$work/copy"
 sed -i 's/<printcolormode type="all">/<printcolormode type="color">/' "$work/copy/media/TransparencyFilm.xml"
-python3 "$samples/make_store.py" --update-checksums "$work/copy" "$work/copy.reg"
+"$tool" pack --keep-rejected "$work/copy" "$work/copy.reg" >/dev/null 2>&1
 check "a value without a node has no branch" 0 '^  printcolormode monochrome \(no branch\)$' \
     "$tool" show "$work/copy.reg" TransparencyFilm
-sed -i 's|<medianame_item language="de">Transparentfolie<|<medianame_item language="de">Folie<|' \
-    "$work/copy/names/TransparencyFilm.xml"
-check "make_store refuses names that disagree" 1 'differ' python3 "$samples/make_store.py" "$work/copy" "$work/x.reg"
+
+# pack: the committed sample store is what pack makes of the sources, byte for byte.
+check "pack makes the sample store" 0 '27 media, 194 document chunks' "$tool" pack --keep-rejected "$files" "$work/fresh.reg"
+check "the sample store is up to date (else: hmitool pack --keep-rejected samples/sample-printer samples/sample-printer.reg)" \
+    0 '' cmp "$store" "$work/fresh.reg"
+check "the store is UTF-16LE with a byte-order mark and CRLF" 0 '^fffe5700.*0d000a00' sh -c 'head -c 80 "$1" | od -An -tx1 | tr -d " \n"' _ "$store"
+check "a medium the library rejects is refused" 1 "$rejected.xml: rejected by the library: .*$reason" \
+    "$tool" pack "$files" "$work/refused.reg"
+check "nothing is written when refused" 1 '' test -e "$work/refused.reg"
+check "chunk size" 0 '27 media, 2957 document chunks' "$tool" pack --keep-rejected --chunk-bytes 255 "$files" "$work/small.reg"
+check "chunk size zero" 64 'chunk-bytes' "$tool" pack --chunk-bytes 0 "$files" "$work/small.reg"
+same_doc() { diff <("$tool" doc "$store" "$1") <("$tool" doc "$2" "$1"); }
+check "odd chunks join to the same document" 0 '' same_doc PlainPaper "$work/small.reg"
+check "absolute key paths for regedit" 0 '^\[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\Büro 2\\PrinterDriverData\\Media\]' \
+    sh -c '"$1" pack --keep-rejected --printer-key "Büro 2" "$2" "$3" >/dev/null && iconv -f UTF-16 -t UTF-8 "$3"' _ "$tool" "$files" "$work/abs.reg"
+check "absolute key paths read as the printer" 0 '^de +Fotopapier Hochglanz Pro$' "$tool" names "$work/abs.reg" PhotoGlossyPro de
+mkdir "$work/printers"
+check "a store name is a printer of the store directory" 1 'named %' \
+    sh -c 'HMI_PRINTER_STORE="$1" "$2" pack --keep-rejected "$3" "Büro Drucker" && HMI_PRINTER_STORE="$1" "$2" coverage "Büro Drucker"' \
+    _ "$work/printers" "$tool" "$files"
+check "pack into a missing directory" 73 "cannot write '$work/none/x.reg': No such file" \
+    "$tool" pack --keep-rejected "$files" "$work/none/x.reg"
+cp "$store" "$work/old.reg"
+check "a full disk leaves the old store as it was" 73 "cannot write '$work/old.reg': File too large" \
+    bash -c 'trap "" XFSZ; ulimit -f 1000; "$0" pack --keep-rejected "$1" "$2"' "$tool" "$files" "$work/old.reg"
+check "the old store is intact, no partial file left" 0 '' sh -c 'cmp "$1" "$2" && ! ls "$3" | grep partial' _ "$store" "$work/old.reg" "$work"
+
+# pack refuses sources that the library would not read, naming the file and the reason, and writes nothing.
+refused() {  # name, pattern, then a command run in a fresh copy of the sources ($1 in it)
+    local name=$1 pattern=$2
+    shift 2
+    rm -rf "$work/src"
+    cp -r "$files" "$work/src"
+    (cd "$work/src" && "$@")
+    check "pack refuses $name" 1 "$pattern" "$tool" pack --keep-rejected "$work/src" "$work/refused.reg"
+}
+refused "names whose two forms disagree" "names/TransparencyFilm.xml: the name in 'de' differs" \
+    sed -i 's|<medianame_item language="de">Transparentfolie<|<medianame_item language="de">Folie<|' names/TransparencyFilm.xml
+refused "a medium without a document" 'media/PlainPaper.xml cannot be read' rm media/PlainPaper.xml
+refused "a medium without names" 'names/PlainPaper.xml cannot be loaded' rm names/PlainPaper.xml
+refused "names in an unknown encoding" 'names/PlainPaper.xml cannot be loaded' \
+    sed -i '1s/UTF-8/x-unknown-8/' names/PlainPaper.xml
+refused "a document in another encoding" 'media/PlainPaper.xml: encoding .ISO-8859-1.: pack takes UTF-8 or UTF-16' \
+    sed -i '1s/UTF-8/ISO-8859-1/' media/PlainPaper.xml
+refused "a document that is not XML" 'media/PlainPaper.xml:[0-9]+:[0-9]+: not well-formed' sed -i 's|</medium>||' media/PlainPaper.xml
+refused "a media number that is not 8 hex digits" "medium 'PlainPaper': media_number '1A' is not 8 hex digits" \
+    python3 -c 'import re; p="database.xml"; s=open(p).read(); s=re.sub(r"(id=\"PlainPaper\">\s*<iv:media_number>)\w+", r"\g<1>1A", s); open(p,"w").write(s)'
+refused "a media number used twice" 'media_number 00000002 is used twice' \
+    python3 -c 'import re; p="database.xml"; s=open(p).read(); s=re.sub(r"(id=\"PlainPaper\">\s*<iv:media_number>)\w+", r"\g<1>00000002", s); open(p,"w").write(s)'
+refused "an id the library does not read" "medium 'x{65}': the library does not read its entry" \
+    sed -i "s/id=\"PlainPaper\"/id=\"$(printf 'x%.0s' $(seq 65))\"/" database.xml
+refused "a database without common information" 'database.xml: the library cannot read its common information' \
+    sed -i 's|<iv:product_id>TQ5900</iv:product_id>||' database.xml
+check "pack of a missing directory" 1 "$work/nowhere: no sources directory|no directory" "$tool" pack "$work/nowhere" "$work/x.reg"
+check "pack as json" 0 '"chunks": 194' "$tool" pack --json --keep-rejected "$files" "$work/fresh.reg"
 
 # --from-files reads the sources the store was made from, through the File exports: the same answers.
-files=$samples/sample-printer
 same() {  # name, filter, arguments with @ for the printer: store and files agree in output and exit code
     local name=$1 filter=$2 arg
     shift 2

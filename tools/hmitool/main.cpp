@@ -98,12 +98,9 @@ void DefineOptions(Invocation& in, Options& options) {
             ->type_name("DIR");
     }
     if (c.options & kPackOptions) {
-        sub.add_option("--chunk-bytes", options.chunkBytes, "bytes per document chunk, even")
+        sub.add_option("--chunk-bytes", options.chunkBytes, "bytes per document chunk")
             ->capture_default_str()
-            ->check(CLI::Range(size_t{2}, size_t{1} << 20))
-            ->check([](const std::string& text) {
-                return std::strtoul(text.c_str(), nullptr, 10) % 2 ? std::string("must be even") : std::string();
-            });
+            ->check(CLI::Range(size_t{1}, size_t{1} << 20));
         sub.add_option("--printer-key", options.printerKey,
                        "write absolute key paths below the registry key of printer NAME (for regedit)")
             ->type_name("NAME");

@@ -22,6 +22,24 @@ WString Widen(const std::string& utf8) {
     return out;
 }
 
+bool IsUtf8(const std::string& utf8) {
+    for (size_t i = 0; i < utf8.size();) {
+        const auto c = static_cast<unsigned char>(utf8[i]);
+        const size_t extra = c < 0x80 ? 0 : c >= 0xC2 && c < 0xE0 ? 1 : c >= 0xE0 && c < 0xF0 ? 2 : c >= 0xF0 && c < 0xF5 ? 3 : 9;
+        if (extra == 9 || i + extra >= utf8.size() + (extra ? 0 : 1)) return false;
+        char32_t cp = extra == 0 ? c : c & (0x3F >> extra);
+        for (size_t k = 1; k <= extra; ++k) {
+            const auto next = static_cast<unsigned char>(utf8[i + k]);
+            if ((next & 0xC0) != 0x80) return false;
+            cp = cp << 6 | (next & 0x3F);
+        }
+        const char32_t shortest[] = {0, 0x80, 0x800, 0x10000};
+        if (cp < shortest[extra] || cp > 0x10FFFF || (cp >= 0xD800 && cp < 0xE000)) return false;
+        i += extra + 1;
+    }
+    return true;
+}
+
 std::string Narrow(const WCHAR* utf16, size_t maxUnits) {
     std::string out;
     if (!utf16) return out;

@@ -12,6 +12,8 @@ using WString = std::basic_string<WCHAR>;
 
 WString Widen(const std::string& utf8);
 // Reads at most maxUnits units (a fixed field may lack its terminator).
+// Whether utf8 is well-formed UTF-8: shortest forms, no surrogates, nothing above U+10FFFF.
+bool IsUtf8(const std::string& utf8);
 std::string Narrow(const WCHAR* utf16, size_t maxUnits = static_cast<size_t>(-1));
 
 }  // namespace hmitool
