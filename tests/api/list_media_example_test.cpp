@@ -2,38 +2,15 @@
 // run on a printer that the fixture fills: a Wine printer under Wine, a store file on Linux.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <string>
 
 #include "support/full_medium.h"
-#ifdef _WIN32
-#include <windows.h>
-#endif
+#include "support/run_program.h"
 
 namespace hmitest {
 namespace {
 
-// The example's output and exit code for these arguments (ASCII), run through the shell.
-std::pair<std::string, int> RunExample(const std::string& arguments) {
-#ifdef _WIN32
-    char self[MAX_PATH];
-    GetModuleFileNameA(nullptr, self, MAX_PATH);
-    std::string program(self);
-    program = program.substr(0, program.find_last_of("\\/") + 1) + "hmi_list_media.exe";
-    FILE* pipe = _popen(("\"\"" + program + "\" " + arguments + " 2>&1\"").c_str(), "r");
-#else
-    FILE* pipe = popen((std::string(HMI_LIST_MEDIA) + " " + arguments + " 2>&1").c_str(), "r");
-#endif
-    std::string out;
-    char chunk[256];
-    while (pipe && std::fgets(chunk, sizeof chunk, pipe)) out += chunk;
-#ifdef _WIN32
-    const int status = pipe ? _pclose(pipe) : -1;
-#else
-    const int status = pipe ? WEXITSTATUS(pclose(pipe)) : -1;
-#endif
-    return {out, status};
-}
+ProgramRun RunExample(const std::vector<std::string>& arguments) { return RunProgram(HMI_LIST_MEDIA, arguments); }
 
 TEST(ListMediaExample, ListsNamesAndOneMediumsQualitiesAndReportsWhatIsMissing) {
     TestPrinter printer;
@@ -42,13 +19,13 @@ TEST(ListMediaExample, ListsNamesAndOneMediumsQualitiesAndReportsWhatIsMissing) 
                 printer.SetText(MediumKey(7, "HMN").c_str(), HMI_W("de"), HMI_W("Voll")));
     ASSERT_NE(printer.Reopen(), nullptr);
     const std::string name(printer.name().begin(), printer.name().end());  // ASCII
-    const auto [out, status] = RunExample("\"" + name + "\" de Full");
+    const auto [out, status] = RunExample({name, "de", "Full"});
     EXPECT_EQ(status, 1) << out;  // "Nameless" has no German name
     for (const char* line : {"Full\tVoll\n", "Nameless\t(no name)\n", "the medium 'Nameless' has no name in 'de'",
                              "\nFull:\n  colour mode color\n    borderless OFF\n    borderless ON\n      photo  qualities: 1 3 5\n"}) {
         EXPECT_NE(out.find(line), std::string::npos) << line << " in:\n" << out;
     }
-    const auto [missing, missingStatus] = RunExample("\"" + name + "x\"");
+    const auto [missing, missingStatus] = RunExample({name + "x"});
     EXPECT_EQ(missingStatus, 2);
     EXPECT_NE(missing.find("cannot open the printer '" + name + "x'"), std::string::npos) << missing;
 }

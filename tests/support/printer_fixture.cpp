@@ -4,7 +4,7 @@
 
 namespace hmitest {
 
-TestPrinter::TestPrinter() : created_(backend::CreatePrinter(name_)) {
+TestPrinter::TestPrinter(const WCHAR* label) : created_(backend::CreatePrinter(name_, label)) {
     if (created_) handle_ = backend::OpenTestPrinter(name_.c_str());
 }
 

@@ -11,7 +11,8 @@ namespace hmitest {
 
 class TestPrinter {
 public:
-    TestPrinter();
+    // label is part of a Windows printer's name (any characters); a Linux store file is named by its path.
+    explicit TestPrinter(const WCHAR* label = HMI_W(""));
     ~TestPrinter();
     TestPrinter(const TestPrinter&) = delete;
     TestPrinter& operator=(const TestPrinter&) = delete;
@@ -33,7 +34,7 @@ private:
 
 // What TestPrinter does differently per platform (support/posix/, support/win32/).
 namespace backend {
-bool CreatePrinter(std::basic_string<WCHAR>& name);  // a printer without data
+bool CreatePrinter(std::basic_string<WCHAR>& name, const WCHAR* label);  // a printer without data
 HANDLE OpenTestPrinter(const WCHAR* name);  // with the right to change its data; null on failure
 void DestroyPrinter(HANDLE handle, const WCHAR* name);  // closes the handle (when not null) and removes it
 DWORD DeleteValue(HANDLE handle, const WCHAR* name, const WCHAR* key, const WCHAR* value);

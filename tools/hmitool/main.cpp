@@ -150,6 +150,7 @@ int Main(const std::vector<std::string>& args) {
     bool version = false;
     app.add_flag("--version", version, "print the version and exit");
     app.require_subcommand(0, 1);
+    app.allow_windows_style_options(false);  // a path such as /tmp/x is an argument, not an option
     Options options;
     app.add_flag("--json", options.json, "write JSON instead of text (also after the command)");
     std::vector<Invocation> invocations(Commands().size());

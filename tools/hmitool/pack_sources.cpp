@@ -118,7 +118,9 @@ public:
     }
 
 private:
-    std::string File(const std::string& relative) const { return (directory_ / fs::u8path(relative)).u8string(); }
+    std::string File(const std::string& relative) const {
+        return (directory_ / fs::u8path(relative)).make_preferred().u8string();
+    }
     void Error(const std::string& file, const std::string& reason) { result_.errors.push_back(file + ": " + reason); }
 
     void PackDatabase(const MediaSource& source, const std::vector<Entry>& entries, const WString* common) {

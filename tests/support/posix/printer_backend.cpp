@@ -10,7 +10,7 @@
 namespace hmitest {
 namespace backend {
 
-bool CreatePrinter(std::basic_string<WCHAR>& name) {
+bool CreatePrinter(std::basic_string<WCHAR>& name, const WCHAR*) {
     const char* temp = std::getenv("TMPDIR");
     std::string directory = std::string(temp && *temp ? temp : "/tmp") + "/hmi-printer-XXXXXX";
     if (!::mkdtemp(directory.data())) return false;

@@ -37,10 +37,10 @@ bool AddTestPrinter(std::wstring& name) {
 
 }  // namespace
 
-bool CreatePrinter(std::wstring& name) {
+bool CreatePrinter(std::wstring& name, const WCHAR* label) {
     static std::atomic<unsigned> counter{0};
     if (!InstallDriver()) return false;
-    name = L"XRVHMI Test Printer " + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter);
+    name = L"XRVHMI Test Printer " + std::wstring(label) + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter);
     if (AddTestPrinter(name)) return true;
     // A printer left behind by an earlier process with the same id.
     if (GetLastError() != ERROR_PRINTER_ALREADY_EXISTS) return false;

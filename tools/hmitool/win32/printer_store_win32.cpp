@@ -1,6 +1,10 @@
 #include <windows.h>
 #include <winspool.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "printer_store.h"
 
 namespace hmitool {
@@ -16,17 +20,49 @@ std::string ErrorText(DWORD code) {
     return text;
 }
 
+// The values of a key: names and, for texts, the text. Empty when the key is missing.
+std::vector<std::pair<std::wstring, std::wstring>> Values(HANDLE printer, const std::wstring& key) {
+    std::vector<std::pair<std::wstring, std::wstring>> values;
+    DWORD needed = 0, count = 0;
+    if (EnumPrinterDataExW(printer, key.c_str(), nullptr, 0, &needed, &count) != ERROR_MORE_DATA) return values;
+    std::vector<BYTE> block(needed);
+    if (EnumPrinterDataExW(printer, key.c_str(), block.data(), needed, &needed, &count) != ERROR_SUCCESS) return values;
+    const auto* entries = reinterpret_cast<const PRINTER_ENUM_VALUESW*>(block.data());
+    for (DWORD i = 0; i < count; ++i) {
+        const auto* text = reinterpret_cast<const WCHAR*>(entries[i].pData);
+        values.emplace_back(entries[i].pValueName,
+                            entries[i].dwType == REG_SZ ? std::wstring(text, wcsnlen(text, entries[i].cbData / 2)) : L"");
+    }
+    return values;
+}
+
+void ClearKey(HANDLE printer, const std::wstring& key) {
+    for (const auto& value : Values(printer, key)) DeletePrinterDataExW(printer, key.c_str(), value.first.c_str());
+}
+
+// Removes the values of the database the printer holds: the media key's, and those of every listed
+// medium's keys. (The keys stay, empty: Wine's spooler has no DeletePrinterKeyW.)
+void ClearDatabase(HANDLE printer) {
+    for (const auto& value : Values(printer, kMediaKey)) {
+        const bool listed = value.first.size() >= 3 && value.first.find_first_not_of(L"0123456789") == std::wstring::npos;
+        if (!listed || value.second.empty()) continue;
+        const std::wstring medium = std::wstring(kMediaKey) + L"\\" + value.second;
+        for (const WCHAR* leaf : {L"", L"\\HMI", L"\\HMN"}) ClearKey(printer, medium + leaf);
+    }
+    ClearKey(printer, kMediaKey);
+}
+
 // Every value of image, after the old database is gone. A value that cannot be set takes the whole
 // database away again, so that the library finds none rather than part of one.
 DWORD WriteImage(HANDLE printer, const StoreImage& image) {
-    DWORD status = DeletePrinterKeyW(printer, kMediaKey);
-    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) return status;
+    ClearDatabase(printer);
     for (const StoreKey& key : image) {
         for (const StoreValue& value : key.values) {
-            status = SetPrinterDataExW(printer, key.path.c_str(), value.name.c_str(), value.type,
-                                       const_cast<BYTE*>(value.data.data()), static_cast<DWORD>(value.data.size()));
+            const DWORD status = SetPrinterDataExW(printer, key.path.c_str(), value.name.c_str(), value.type,
+                                                   const_cast<BYTE*>(value.data.data()),
+                                                   static_cast<DWORD>(value.data.size()));
             if (status != ERROR_SUCCESS) {
-                DeletePrinterKeyW(printer, kMediaKey);
+                ClearDatabase(printer);
                 return status;
             }
         }
