@@ -10,7 +10,7 @@ trap 'rm -rf "$work"' EXIT
 store=$samples/sample-printer.reg
 check "media lists every medium" 0 '^26 +OtherPhotoPaper +0000001A' "$tool" media "$store"
 check "media as json" 0 '"product_id": "TQ5900"' "$tool" --json media "$store"
-check "names in all languages" 0 '^ja +' "$tool" names "$store" PhotoGlossyPro
+check "names in all languages, sorted" 0 '^de .*en .*fr .*ja ' sh -c '"$0" names "$1" PhotoGlossyPro | tr "\n" " "' "$tool" "$store"
 check "name in one language" 0 '^de +Fotopapier' "$tool" names "$store" PhotoGlossyPro de
 check "unknown language" 1 "no name in language 'xx'" "$tool" names "$store" PhotoGlossyPro xx
 check "unknown medium" 2 "no medium 'Nope'" "$tool" names "$store" Nope

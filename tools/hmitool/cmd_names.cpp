@@ -1,5 +1,6 @@
 // hmitool names PRINTER MEDIA_ID [LANG] (or --from-files DIR MEDIA_ID [LANG]): a medium's names, in
-// one language or in all stored ones.
+// one language or in all stored ones, sorted by language.
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -20,8 +21,11 @@ int RunNames(const std::vector<std::string>& args, const Options& options) {
         std::fprintf(stderr, "hmitool: %s\n", error.c_str());
         return kUnreadable;
     }
-    const std::vector<MediumName> names =
+    std::vector<MediumName> names =
         args.size() == 3 ? std::vector<MediumName>{source->Name(id, Widen(args[2]))} : source->AllNames(id);
+    // Sorted, as the spoolers enumerate in different orders (written order on Linux, by name under Wine).
+    std::sort(names.begin(), names.end(),
+              [](const MediumName& a, const MediumName& b) { return a.language < b.language; });
     int missing = 0;
     Json json = Json::object();
     for (const MediumName& name : names) {
