@@ -102,6 +102,28 @@ TEST_F(StoreApi, OnlyAChangedStoreIsReplacedKeepingItsPermissions) {
     EXPECT_TRUE(OnlyTheStore(dir.path));
 }
 
+// Direct subkeys only, in their first spelling, sorted without case; a sibling sharing the prefix is not one.
+TEST_F(StoreApi, EnumPrinterKeyListsDirectSubkeys) {
+    for (Text key : {u"Media\\b2\\HMI", u"Media\\A1", u"media\\B2\\HMN", u"Media2\\c", u"Media\\a1\\x"}) {
+        ASSERT_EQ(Set(printer, key, u"v", REG_DWORD, DwordBytes(1)), 0u);
+    }
+    const auto list = [&](const char16_t* key, DWORD bytes, DWORD* needed) {
+        std::vector<char16_t> buffer(bytes / 2 + 1, u'#');
+        const DWORD status = EnumPrinterKeyW(printer, key, buffer.data(), bytes, needed);
+        return std::make_pair(status, Text(buffer.data(), bytes / 2));
+    };
+    DWORD needed = 0;
+    EXPECT_EQ(list(u"Media", 0, &needed).first, 234u);
+    EXPECT_EQ(needed, 14u);
+    EXPECT_EQ(list(u"MEDIA", 14, &needed), std::make_pair(DWORD{0}, Text(u"A1\0b2\0\0", 7)));
+    EXPECT_EQ(list(u"Media", 13, &needed).first, 234u);
+    EXPECT_EQ(list(u"Media\\b2\\HMI", 2, &needed), std::make_pair(DWORD{0}, Text(u"\0", 1)));
+    EXPECT_EQ(list(u"", 64, &needed).second.substr(0, 22), Text(u"Existing\0Media\0Media2\0\0", 22));
+    EXPECT_EQ(list(u"Missing", 64, &needed).first, 2u);
+    EXPECT_EQ(EnumPrinterKeyW(printer, u"Media", nullptr, 0, nullptr), 87u);
+    EXPECT_EQ(EnumPrinterKeyW(nullptr, u"Media", nullptr, 0, &needed), 6u);
+}
+
 TEST(StoreNames, PrinterNamesResolveToStoreFiles) {
     TempDir dir;
     // No other test here opens a printer by name, so the variables are not restored.

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <string>
 
+#include "cascade_walk.h"
 #include "cascade_writer.h"
 #include "command.h"
 #include "media_source.h"
@@ -13,13 +14,9 @@ namespace {
 int RunShow(const std::vector<std::string>& args, const Options& options) {
     const std::unique_ptr<MediaSource> source = OpenMediaSource(args[0], options);
     if (!source) return kUnreadable;
-    const Detail detail = source->Filter(args[1]);
-    if (!detail) {
-        std::string reason;
-        const ExitCode code = source->ExplainUnloaded(args[1], &reason);
-        std::fprintf(stderr, "hmitool: %s: %s\n", args[1].c_str(), reason.c_str());
-        return code;
-    }
+    int code = kOk;
+    const Detail detail = LoadMedium(*source, args[1], &code);
+    if (!detail) return code;
     OutlineWriter out(options.json);
     WriteCascade(out, source->access(), detail.get(), args[1]);
     std::fputs(out.str().c_str(), stdout);

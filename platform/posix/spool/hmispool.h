@@ -32,6 +32,10 @@ HMI_EXPORT DWORD GetPrinterDataExW(HANDLE printer, const WCHAR* key, const WCHAR
                                    uint8_t* data, DWORD size, DWORD* needed);
 HMI_EXPORT DWORD EnumPrinterDataExW(HANDLE printer, const WCHAR* key, uint8_t* enumValues, DWORD enumBytes,
                                     DWORD* neededBytes, DWORD* returnedCount);
+/* The names of key's direct subkeys, each with its terminator, then an empty one ("" alone when it has
+ * none); ERROR_MORE_DATA with the size in bytes when subkeys is null or too small. */
+HMI_EXPORT DWORD EnumPrinterKeyW(HANDLE printer, const WCHAR* key, WCHAR* subkeys, DWORD subkeyBytes,
+                                 DWORD* neededBytes);
 HMI_EXPORT DWORD SetPrinterDataExW(HANDLE printer, const WCHAR* key, const WCHAR* valueName, DWORD type,
                                    uint8_t* data, DWORD bytes);
 HMI_EXPORT DWORD DeletePrinterDataExW(HANDLE printer, const WCHAR* key, const WCHAR* valueName);

@@ -53,6 +53,18 @@ StoreKey* PrinterStore::Find(std::u16string_view path) {
     return it == keys_.end() ? nullptr : &it->second;
 }
 
+std::vector<std::u16string> PrinterStore::Subkeys(std::u16string_view path) const {
+    std::vector<std::u16string> names;
+    const std::u16string prefix = path.empty() ? std::u16string() : Folded(path) + u'\\';
+    for (auto it = keys_.lower_bound(prefix); it != keys_.end() && it->first.compare(0, prefix.size(), prefix) == 0;
+         ++it) {
+        const std::u16string_view rest = std::u16string_view(it->first).substr(prefix.size());
+        if (rest.empty() || rest.find(u'\\') != std::u16string_view::npos) continue;
+        names.push_back(it->second.path().substr(it->second.path().size() - rest.size()));
+    }
+    return names;
+}
+
 StoreKey& PrinterStore::Create(std::u16string_view path) {
     // Ancestors first, so that each level keeps the spelling it was first created with.
     size_t end = 0;

@@ -51,6 +51,8 @@ public:
     // Deletes the key with its subkeys; deleting the root empties the store. Returns whether it existed.
     bool Delete(std::u16string_view path);
 
+    // The last components of the key's direct subkeys, as first spelled, ordered by folded name.
+    std::vector<std::u16string> Subkeys(std::u16string_view path) const;
     // Every key, ordered by folded path (a parent before its subkeys).
     const std::map<std::u16string, StoreKey>& keys() const { return keys_; }
 

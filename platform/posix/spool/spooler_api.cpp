@@ -134,6 +134,25 @@ DWORD EnumPrinterDataExW(HANDLE handle, LPCWSTR key, LPBYTE enumValues, DWORD en
     });
 }
 
+DWORD EnumPrinterKeyW(HANDLE handle, LPCWSTR key, LPWSTR subkeys, DWORD bytes, LPDWORD neededBytes) {
+    return Guarded<DWORD>(ERROR_NOT_ENOUGH_MEMORY, [&]() -> DWORD {
+        std::shared_ptr<OpenPrinter> printer;
+        std::u16string path;
+        if (DWORD refused = Resolve(handle, key, printer, path)) return refused;
+        if (!neededBytes) return ERROR_INVALID_PARAMETER;
+        std::lock_guard<std::mutex> guard(printer->lock);
+        if (!printer->store.Find(path)) return ERROR_FILE_NOT_FOUND;
+        std::u16string list;
+        for (const std::u16string& name : printer->store.Subkeys(path)) list.append(name).push_back(u'\0');
+        list.push_back(u'\0');
+        if (list.size() > UINT32_MAX / 2) return ERROR_NOT_ENOUGH_MEMORY;
+        *neededBytes = static_cast<DWORD>(list.size() * 2);
+        if (!subkeys || bytes < *neededBytes) return ERROR_MORE_DATA;
+        std::memcpy(subkeys, list.data(), *neededBytes);
+        return ERROR_SUCCESS;
+    });
+}
+
 DWORD SetPrinterDataExW(HANDLE handle, LPCWSTR key, LPCWSTR valueName, DWORD type, LPBYTE data, DWORD bytes) {
     return Guarded<DWORD>(ERROR_NOT_ENOUGH_MEMORY, [&]() -> DWORD {
         std::shared_ptr<OpenPrinter> printer;
