@@ -194,6 +194,33 @@ done
 check "check lists every finding in json" 0 '^6$' sh -c "\"\$1\" --json check \"\$2\" | python3 -c 'import json,sys; print(len(json.load(sys.stdin)[\"findings\"]))'" _ "$tool" "$work/mistakes.xml"
 printf '<medium>\n  <operationflag>\n</medium>\n' >"$work/broken.xml"
 check "check gives the line and column of an XML error" 1 "broken.xml:3:[0-9]+: syntax: .*operationflag" "$tool" check "$work/broken.xml"
-check "check of a file that cannot be read" 2 "cannot be read" "$tool" check "$work"
+check "check of a file that cannot be read" 2 "cannot be read" "$tool" check "$work/none.xml"
+
+# check on a whole printer: the database's own faults, each medium's document and names.
+check "check of the sample printer" 1 '^27 media checked, 1 finding$' "$tool" check "$store"
+check "check of the sample sources" 1 "^$rejected: medium/.*: rejected: missing attribute" "$tool" check --from-files "$files"
+check "check of a printer that cannot be opened" 2 'No such file' "$tool" check "$work/none.reg"
+{ iconv -f UTF-16 -t UTF-8 "$store" | sed '1s/^\xEF\xBB\xBF//'
+  printf '[PrinterDriverData\\Media]\n"005"=-\n"027"="00000099"\n"003"="00000002"\n'
+  printf '[PrinterDriverData\\Media\\00000099\\HMI]\n@=dword:00000001\n'
+  printf '[PrinterDriverData\\Media\\0000000C]\n"id"="PhotoGlossyPro"\n[-PrinterDriverData\\Media\\00000010\\HMN]\n'
+  printf '[PrinterDriverData\\Media\\00000006\\HMI]\n"001"=-\n"003"=-\n'; } >"$work/broken.reg"
+for finding in '^database: PrinterDriverData\\Media: list entry 027 is beyond papertype_info_list \(27\): not read$' \
+    '^database: PrinterDriverData\\Media: list entry 005 is missing \(papertype_info_list is 27\)$' \
+    "^database: PrinterDriverData\\\\Media\\\\0000000C: list entry 002 repeats the id 'PhotoGlossyPro' of list entry 000" \
+    '^database: PrinterDriverData\\Media\\00000002: list entry 003 repeats the number of list entry 000$' \
+    '^database: PrinterDriverData\\Media\\00000099: no list entry names it' \
+    '^database: PrinterDriverData\\Media\\0000000A: no list entry names it' \
+    '^PhotoGlossyPlus: PrinterDriverData\\Media\\00000006\\HMI: document: chunks 001, 003 of 6 missing$' \
+    '^PhotoSemiGloss: PrinterDriverData\\Media\\00000010\\HMN: names: no names' '^26 media checked, 10 findings$'; do
+    check "check of a broken printer finds $finding" 1 "$finding" "$tool" check "$work/broken.reg"
+done
+check "check of a broken printer as json" 0 '^10 10$' sh -c "\"\$1\" check --json \"\$2\" | python3 -c 'import json,sys; d=json.load(sys.stdin); print(len(d[\"findings\"]), sum(f[\"count\"] for f in d[\"findings\"]))'" _ "$tool" "$work/broken.reg"
+rm -rf "$work/src" && cp -r "$files" "$work/src"
+for m in PlainPaper PhotoLuster CanvasMatte; do sed -i 's|<format_version>1.00</format_version>||' "$work/src/media/$m.xml"; done
+cp "$work/src/media/PlainPaper.xml" "$work/src/media/Extra.xml"
+check "identical findings are folded, with a count" 1 '^3 media: medium/format_version: missing \(PhotoLuster, PlainPaper, CanvasMatte\)$' \
+    "$tool" check --from-files "$work/src"
+check "a file no listed medium uses" 1 '^database: media/Extra.xml: no listed medium uses it$' "$tool" check --from-files "$work/src"
 
 summary
