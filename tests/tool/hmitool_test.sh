@@ -132,6 +132,35 @@ refused "a database without common information" 'database.xml: the library canno
 check "pack of a missing directory" 1 "$work/nowhere: no sources directory|no directory" "$tool" pack "$work/nowhere" "$work/x.reg"
 check "pack as json" 0 '"chunks": 194' "$tool" pack --json --keep-rejected "$files" "$work/fresh.reg"
 
+# diff: the round trip of pack is exact; each kind of change is named with its path.
+check "a packed store equals its sources" 0 '^$' "$tool" diff "$work/fresh.reg" "$files"
+check "equal as json" 0 '"equal": true' "$tool" diff --json "$files" "$store"
+rm -rf "$work/d" && cp -r "$files" "$work/d"
+python3 - "$work/d" <<'PY'
+import re, sys, os
+os.chdir(sys.argv[1])
+s = open("database.xml").read().replace(">TQ5900<", ">TQ6000<")
+entries = re.findall(r'    <iv:papertype_info id=.*?</iv:papertype_info>\n', s, re.S)
+s = s.replace(entries[0] + entries[1], entries[1] + entries[0]).replace([e for e in entries if "HagakiPlain" in e][0], "")
+s = re.sub(r'(id="PhotoLuster">\s*<iv:media_number>\w+</iv:media_number>\s*<iv:valid>)ON', r'\1OFF', s)
+open("database.xml", "w").write(s)
+n = open("names/PlainPaper.xml").read().replace(">Papier ordinaire<", ">Papier normal<")
+open("names/PlainPaper.xml", "w").write(n)
+m = open("media/PlainPaper.xml").read().replace("<bit>8</bit>", "<bit>16</bit>", 1)
+open("media/PlainPaper.xml", "w").write(m)
+PY
+for difference in '^database / product_id: "TQ5900" -> "TQ6000"$' '^PhotoLuster / header valid: "1" -> "0"$' \
+    '^PlainPaper / name fr: "Papier ordinaire" -> "Papier normal"$' \
+    '^PlainPaper / color / borderless OFF / proof / rgb quality 1: bit: "8" -> "16"$' '^HagakiPlain: only in A \(removed\)$' \
+    '^PhotoGlossyPro: reordered: position among the common media 1 -> 2$' '^PhotoGlossyPlus: reordered: .* 2 -> 1$'; do
+    check "diff names $difference" 1 "$difference" "$tool" diff "$store" "$work/d"
+done
+check "diff finds exactly those" 0 '^7$' sh -c '"$0" diff "$1" "$2" | wc -l' "$tool" "$store" "$work/d"
+check "diff as json" 0 "^7 \['HagakiPlain', 'present', None\]$" sh -c "\"\$1\" diff --json \"\$2\" \"\$3\" | python3 -c 'import json,sys; d=json.load(sys.stdin)[\"differences\"]; print(len(d), [[x[\"medium\"], x[\"a\"], x[\"b\"]] for x in d if x[\"what\"] == \"medium\"][0])'" _ "$tool" "$store" "$work/d"
+printf 'REGEDIT4\n[PrinterDriverData\\Media]\n"db_format_ver"="1.0"\n"product_id"="X"\n"pop-db-time"="t"\n"papertype_info_list"=dword:1\n"000"="00000001"\n[PrinterDriverData\\Media\\00000001]\n"id"="Other"\n"valid"=dword:1\n"visible"=dword:1\n"checksum"="c"\n' >"$work/other.reg"
+check "two databases with nothing in common" 1 '^Other: only in B \(added\)$' "$tool" diff "$store" "$work/other.reg"
+check "diff of an unreadable side" 2 'No such file' "$tool" diff "$store" "$work/none.reg"
+
 # --from-files reads the sources the store was made from, through the File exports: the same answers.
 same() {  # name, filter, arguments with @ for the printer: store and files agree in output and exit code
     local name=$1 filter=$2 arg

@@ -8,14 +8,9 @@
 #include <regex>
 #include <set>
 
-#include "file/file_query.h"
+#include "database_entries.h"
 #include "media_file.h"
 #include "media_source.h"
-#include "xml/hmi_com_apartment.h"
-#include "xml/hmi_com_ptr.h"
-#include "xml/hmi_media_namespace.h"
-#include "xml/hmi_xml_document.h"
-#include "xml/hmi_xml_query.h"
 
 namespace hmitool {
 namespace {
@@ -23,44 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const WCHAR kMediaKey[] = HMI_W("PrinterDriverData\\Media");
-
-// A medium's entry of database.xml, its texts as written.
-struct Entry {
-    WString id, number, valid, visible, checksum;
-};
-
-WString ElementText(IXMLDOMNode* context, const WCHAR* name) {
-    const HMIHeapString text = HMITextOf(HMIGetElementText, name, context);
-    return text ? WString(text.get()) : WString();
-}
-
-WString AttributeText(IXMLDOMNode* node, const WCHAR* name) {
-    const HMIHeapString text = HMITextOf(HMIGetAttributeText, name, node);
-    return text ? WString(text.get()) : WString();
-}
-
-bool ReadEntries(const std::string& path, std::vector<Entry>* entries, WString* common) {
-    HMIComApartment com;
-    HMIComPtr<IXMLDOMDocument2> document(HMILoadXMLFile(Widen(path).c_str()));
-    HMIBSTR query;
-    HMIComPtr<IXMLDOMNodeList> items;
-    LONG length = 0;
-    if (!com.ok() || !document || !HMIFormatQuery(query, HMI_W(".//%s:papertype_info"), HMI_MEDIA_PREFIX) ||
-        FAILED(document->selectNodes(query.str, items.put())) || !items || FAILED(items->get_length(&length))) {
-        return false;
-    }
-    for (LONG i = 0; i < length; ++i) {
-        HMIComPtr<IXMLDOMNode> item;
-        if (FAILED(items->get_item(i, item.put())) || !item) return false;
-        entries->push_back({AttributeText(item.get(), HMI_W("id")), ElementText(item.get(), HMI_W("media_number")),
-                            ElementText(item.get(), HMI_W("valid")), ElementText(item.get(), HMI_W("visible")),
-                            ElementText(item.get(), HMI_W("checksum"))});
-    }
-    common[0] = ElementText(document.get(), HMI_W("db_format_ver"));
-    common[1] = ElementText(document.get(), HMI_W("product_id"));
-    common[2] = ElementText(document.get(), HMI_W("pop-db-time"));
-    return true;
-}
 
 bool ReadBytes(const fs::path& path, std::string* bytes) {
     std::error_code error;
@@ -100,12 +57,12 @@ public:
     PackResult Run() {
         const std::string database = File("database.xml");
         std::unique_ptr<MediaSource> source = OpenFileSource(directory_.u8string());
-        std::vector<Entry> entries;
+        std::vector<DatabaseEntry> entries;
         WString common[3];
         _tagHMICommonInfo info;
         if (!source) {
             Error(directory_.u8string(), "no sources directory");
-        } else if (!source->CommonInfo(&info) || !ReadEntries(database, &entries, common)) {
+        } else if (!source->CommonInfo(&info) || !ReadDatabaseEntries(database, &entries, common)) {
             Error(database, "the library cannot read its common information (db_format_ver, product_id, "
                             "pop-db-time: present, and within 8 and 19 characters)");
         } else if (entries.empty()) {
@@ -123,7 +80,7 @@ private:
     }
     void Error(const std::string& file, const std::string& reason) { result_.errors.push_back(file + ": " + reason); }
 
-    void PackDatabase(const MediaSource& source, const std::vector<Entry>& entries, const WString* common) {
+    void PackDatabase(const MediaSource& source, const std::vector<DatabaseEntry>& entries, const WString* common) {
         const std::string database = File("database.xml");
         StoreKey media{kMediaKey, {}};
         media.Text(HMI_W("db_format_ver"), common[0]);
@@ -134,7 +91,7 @@ private:
         std::set<WString> ids, numbers;
         StoreImage mediaKeys;
         for (size_t i = 0; i < entries.size(); ++i) {
-            const Entry& entry = entries[i];
+            const DatabaseEntry& entry = entries[i];
             const std::string where = "medium '" + Narrow(entry.id.c_str()) + "'";
             _tagHMIMediaInfoHeader header;
             uint32_t valid = 0, visible = 0;
@@ -165,7 +122,7 @@ private:
         return Widen(std::string(name.size() < 3 ? 3 - name.size() : 0, '0') + name);
     }
 
-    void PackMedium(const MediaSource& source, const Entry& entry, const WString& number, uint32_t valid,
+    void PackMedium(const MediaSource& source, const DatabaseEntry& entry, const WString& number, uint32_t valid,
                     uint32_t visible, StoreImage* keys) {
         const std::string id = Narrow(entry.id.c_str());
         const WString key = WString(kMediaKey) + HMI_W("\\") + number;
