@@ -7,7 +7,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 . "$(dirname "$0")/../check.sh"
 
-store=$samples/sample-printer.reg
+store=$samples/sample-printer.reg files=$samples/sample-printer
 check "media lists every medium" 0 '^26 +OtherPhotoPaper +0000001A' "$tool" media "$store"
 check "media as json" 0 '"product_id": "TQ5900"' "$tool" --json media "$store"
 check "names in all languages, sorted" 0 '^de .*en .*fr .*ja ' sh -c '"$0" names "$1" PhotoGlossyPro | tr "\n" " "' "$tool" "$store"
@@ -29,6 +29,29 @@ check "truncated UTF-16 store" 2 'utf16.reg:1' "$tool" media "$work/utf16.reg"
 check "output lost to a full disk" 74 'writing the output failed: No space left' \
     bash -c '"$0" --json media --all "$1" >/dev/full' "$tool" "$store"
 check "usage" 64 'usage' "$tool" media
+check "exit codes in the help" 0 '73  the store cannot be written' "$tool" --help
+
+# Every command: its own --help with an example, and --json output that parses.
+doc=$samples/sample-printer/media/PlainPaper.xml
+while read -r command args; do
+    check "$command --help" 0 "usage: hmitool $command .*example: +hmitool $command " \
+        sh -c '"$0" "$1" --help | tr "\n" " "' "$tool" "$command"
+    # shellcheck disable=SC2086
+    check "$command --json parses" 0 '' sh -c '"$0" "$@" 2>/dev/null | python3 -m json.tool >/dev/null' \
+        "$tool" $command --json $args
+done <<EOF2
+check $store
+coverage $store
+diff $store $files
+doc $store PlainPaper
+explain $store PlainPaper
+graph $store PlainPaper
+media $store
+names $store PlainPaper
+pack --keep-rejected $files $work/json.reg
+show $store PlainPaper
+tree $doc
+EOF2
 
 # show and media --all: the cascade through the exports, with every level's "all" fallback reached
 # by some sample medium, and the sample rejected on purpose reported with its reason.
@@ -69,7 +92,6 @@ check "the rejected medium in json" 0 'missing attribute' \
 check "show --json marks all" 0 '^\[True\]$' json_eval "$work/show.json" \
     '[n["all"] for n in nodes if n["kind"] == "printcolormode" and n["name"] == "monochrome"]'
 
-files=$samples/sample-printer
 # A copy of the sample whose transparency film keeps its colour node only: monochrome has no branch.
 cp -r "$samples/sample-printer" "$work/copy"
 sed -i 's/<printcolormode type="all">/<printcolormode type="color">/' "$work/copy/media/TransparencyFilm.xml"

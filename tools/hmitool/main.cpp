@@ -79,6 +79,14 @@ int FinishOutput(int code) {
     return kOutputFailed;
 }
 
+// A command's help shows the usage in its description (CLI11 would show every positional as optional).
+class HelpFormatter final : public CLI::Formatter {
+public:
+    std::string make_usage(const CLI::App* app, std::string name) const override {
+        return app->get_parent() ? std::string() : CLI::Formatter::make_usage(app, std::move(name));
+    }
+};
+
 // One command's part of the command line: its positional words in order, and its options.
 struct Invocation {
     const Command* command = nullptr;
@@ -114,7 +122,7 @@ void DefineOptions(Invocation& in, Options& options) {
         const bool optional = word[0] == '[';
         const std::string name = optional ? word.substr(1, word.find(']') - 1) : word;
         in.words.push_back(std::make_unique<std::string>());
-        in.positionals.push_back(sub.add_option(name, *in.words.back(), optional ? "(optional)" : ""));
+        in.positionals.push_back(sub.add_option(name, *in.words.back(), optional ? "(optional)" : "")->type_name(""));
     }
 }
 
@@ -150,7 +158,8 @@ int Main(const std::vector<std::string>& args) {
     bool version = false;
     app.add_flag("--version", version, "print the version and exit");
     app.require_subcommand(0, 1);
-    app.allow_windows_style_options(false);  // a path such as /tmp/x is an argument, not an option
+    app.allow_windows_style_options(false);
+    app.formatter(std::make_shared<HelpFormatter>());  // a path such as /tmp/x is an argument, not an option
     Options options;
     app.add_flag("--json", options.json, "write JSON instead of text (also after the command)");
     std::vector<Invocation> invocations(Commands().size());
