@@ -1,5 +1,6 @@
 // Building a medium's option tree from an already loaded media-information document (ParseDocument
-// and delete), and the memory the finished tree keeps against the document's UTF-16 size.
+// and delete), and the memory the finished tree keeps against the document's UTF-16 size and against
+// the records its queries hand out: on synthetic documents and on every medium of the sample printer.
 #include <benchmark/benchmark.h>
 
 #include <atomic>
@@ -9,6 +10,9 @@
 #include <string>
 
 #include "media/media_detail.h"
+#include "printerdata/media_info_document.h"
+#include "printerdata/printer_data_read.h"
+#include "printerdata/printer_data_values.h"
 #include "xml/hmi_com_apartment.h"
 #include "xml/hmi_com_ptr.h"
 #include "xml/hmi_media_namespace.h"
@@ -110,6 +114,89 @@ WString MediaDocument(int colorModes) {
     return Widen(xml + "</medium></iv:mediainfo>");
 }
 
+// The records the queries hand out: every level node a filter can reach, each record once.
+size_t RecordBytes(const HMIXMLMediaDetail& detail) {
+    size_t bytes = sizeof(detail.Info());
+    for (const auto& mode : detail.ColorModes()) {
+        bytes += sizeof(mode.second->Info());
+        for (const auto& borderless : mode.second->BorderlessModes()) {
+            bytes += sizeof(borderless.second->Info());
+            for (const auto& purpose : borderless.second->PrintPurposes()) {
+                bytes += sizeof(purpose.second->Info());
+                for (DWORD variant = 0; variant < 4; ++variant) {
+                    bytes += purpose.second->Qualities(variant)->size() * sizeof(_tagHMIPrintQualityInfo);
+                }
+            }
+        }
+    }
+    return bytes;
+}
+
+// The live bytes and allocations that building and then keeping the tree of document adds; null when
+// the document is rejected.
+struct Kept {
+    long long bytes = 0, allocations = 0;
+    size_t records = 0;
+};
+bool KeptTree(IXMLDOMDocument2* document, Kept* kept) {
+    const long long bytesBefore = liveBytes, allocationsBefore = allocations;
+    auto* detail = new HMIXMLMediaDetail();
+    const bool built = detail->ParseDocument(document);
+    kept->bytes = liveBytes - bytesBefore;
+    kept->allocations = allocations - allocationsBefore;
+    if (built) kept->records = RecordBytes(*detail);
+    delete detail;
+    return built;
+}
+
+// The bytes of a stored document's chunks: every value of its key but the unnamed chunk count.
+long long DocumentUtf16Bytes(HANDLE printer, const WCHAR* key) {
+    HMIPrinterDataValues values;
+    if (!EnumPrinterDataValues(printer, key, &values)) std::abort();
+    long long bytes = 0;
+    for (DWORD i = 0; i < values.count; ++i) {
+        if (*values.entries()[i].pValueName) bytes += values.entries()[i].cbData;
+    }
+    return bytes;
+}
+
+// Every medium of the sample printer, its stored document loaded once and its tree built and kept:
+// the tree's bytes against its records and against the document's UTF-16 size.
+void SampleMediaMemory(benchmark::State& state) {
+    HMIComApartment com;
+    HANDLE printer = nullptr;
+    const std::string path = HMI_SAMPLES_DIR "/sample-printer.reg";
+    WString name = Widen(path);
+    if (!com.ok() || !OpenPrinterW(&name[0], &printer, nullptr)) std::abort();
+    long long treeBytes = 0, treeAllocations = 0, documentBytes = 0;
+    size_t recordBytes = 0, media = 0;
+    for (auto _ : state) {
+        treeBytes = treeAllocations = documentBytes = 0;
+        recordBytes = media = 0;
+        for (DWORD number = 1; number <= 0x1B; ++number) {
+            WCHAR key[HMI_KEY_NAME_CAPACITY];
+            if (!FormatMediumKey(key, number, HMI_W("HMI"))) std::abort();
+            HMIComPtr<IXMLDOMDocument2> document(LoadMediaInfoDocument(printer, key));
+            Kept kept;
+            // A first build lets the DOM make what it keeps for the document; the second is measured.
+            if (!document || !KeptTree(document.get(), &kept) || !KeptTree(document.get(), &kept)) continue;
+            ++media;
+            treeBytes += kept.bytes;
+            treeAllocations += kept.allocations;
+            recordBytes += kept.records;
+            documentBytes += DocumentUtf16Bytes(printer, key);
+        }
+    }
+    ClosePrinter(printer);
+    state.counters["media"] = static_cast<double>(media);
+    state.counters["tree_bytes"] = static_cast<double>(treeBytes);
+    state.counters["record_bytes"] = static_cast<double>(recordBytes);
+    state.counters["tree_per_record_byte"] = static_cast<double>(treeBytes) / static_cast<double>(recordBytes);
+    state.counters["tree_per_document_byte"] = static_cast<double>(treeBytes) / static_cast<double>(documentBytes);
+    state.counters["allocations"] = static_cast<double>(treeAllocations);
+}
+BENCHMARK(SampleMediaMemory)->Iterations(1)->Unit(benchmark::kMillisecond);
+
 void BuildTree(benchmark::State& state) {
     HMIComApartment com;
     const WString text = MediaDocument(static_cast<int>(state.range(0)));
@@ -130,6 +217,7 @@ void BuildTree(benchmark::State& state) {
     HMIXMLMediaDetail* measured = build();
     const long long treeBytes = liveBytes - bytesBefore;
     const long long treeAllocations = allocations - allocationsBefore;
+    const size_t recordBytes = RecordBytes(*measured);
     delete measured;
 
     for (auto _ : state) delete build();
@@ -138,6 +226,7 @@ void BuildTree(benchmark::State& state) {
     state.counters["document_utf16_bytes"] = documentBytes;
     state.counters["tree_bytes"] = static_cast<double>(treeBytes);
     state.counters["tree_per_document_byte"] = static_cast<double>(treeBytes) / documentBytes;
+    state.counters["tree_per_record_byte"] = static_cast<double>(treeBytes) / static_cast<double>(recordBytes);
     state.counters["allocations_per_build"] = static_cast<double>(treeAllocations);
     state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * documentBytes));
 }
