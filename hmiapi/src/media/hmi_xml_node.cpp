@@ -10,42 +10,39 @@ namespace {
 
 const WCHAR kXmlnsNamespace[] = HMI_W("http://www.w3.org/2000/xmlns/");
 
-// HMIStrDup that tells an allocation failure from an empty source.
-bool DuplicateInto(const WCHAR* source, HMIHeapString* target) noexcept {
-    target->reset(HMIStrDup(source));
-    return *target || !source || !*source;
-}
-
 bool OutOfMemory(const HMIXMLNode* node) noexcept { return HMIXMLReject(node, {HMI_W("out of memory")}); }
 
 bool DomFailure(const HMIXMLNode* node, const WCHAR* call) noexcept {
     return HMIXMLReject(node, {HMI_W("DOM call "), call, HMI_W(" failed")});
 }
 
-// Takes ownership of node into list and files it under its name; on failure node is owned by list, or
-// deleted when it could not be added.
-bool Adopt(std::vector<HMIXMLNode*>& list, HMIXMLNode::Index& index, HMIXMLNode* node) noexcept {
+// Takes ownership of node into list; on failure node is deleted.
+bool Adopt(std::vector<HMIXMLNode*>& list, HMIXMLNode* node) noexcept {
     try {
         list.push_back(node);
+        return true;
     } catch (const std::bad_alloc&) {
         delete node;
         return false;
     }
-    // A nameless node (a default namespace declaration under MSXML 3.0) cannot be looked up anyway.
-    if (!node->Name()) return true;
-    try {
-        index.emplace(node->Name(), node);
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
-    return true;
 }
 
-// Equal names are kept in insertion order, and lower_bound finds the first of them (find may not).
-HMIXMLNode* FindFirst(const HMIXMLNode::Index& index, const WCHAR* key) noexcept {
+// A nameless node (a default namespace declaration under MSXML 3.0) is never found.
+HMIXMLNode* FindFirst(const std::vector<HMIXMLNode*>& list, const WCHAR* key) noexcept {
     if (!key) return nullptr;
-    auto it = index.lower_bound(key);
-    return it == index.end() || HMIStrLess()(key, it->first) ? nullptr : it->second;
+    for (HMIXMLNode* node : list) {
+        if (node->Name() && lstrcmpW(node->Name(), key) == 0) return node;
+    }
+    return nullptr;
+}
+
+// The BSTR a DOM getter hands out, owned; false when the call fails.
+template <typename Getter>
+bool Take(Getter get, HMIOwnedBSTR* out) noexcept {
+    BSTR value = nullptr;
+    const HRESULT hr = get(&value);
+    out->reset(value);
+    return SUCCEEDED(hr);
 }
 
 }  // namespace
@@ -70,21 +67,19 @@ const HMIXMLChildEntry* HMIFindChildEntry(const HMIXMLChildRegistry* registry, c
 }
 
 HMIXMLNode::~HMIXMLNode() {
-    name.reset();
-    namespaceURI.reset();
-    text.reset();
     for (HMIXMLNode* attribute : attributes) delete attribute;
     for (HMIXMLNode* child : children) delete child;
-    childIndex.clear();
-    attributeIndex.clear();
-    std::vector<HMIXMLNode*>().swap(children);
-    std::vector<HMIXMLNode*>().swap(attributes);
 }
 
 bool HMIXMLNode::Parse(IXMLDOMNode* node, const HMIXMLChildRegistry* registry) noexcept {
     int depth = 0;
     for (const HMIXMLNode* p = parent; p; p = p->parent) ++depth;
-    return ParseAt(node, registry, depth);
+    if (!node) return DomFailure(this, HMI_W("(null node)"));
+    HMIOwnedBSTR nodeName;
+    if (!Take([&](BSTR* out) { return node->get_baseName(out); }, &nodeName)) {
+        return DomFailure(this, HMI_W("get_baseName"));
+    }
+    return ParseAt(node, std::move(nodeName), registry, depth);
 }
 
 void HMIXMLNode::OnAddChild(HMIXMLNode*) {}
@@ -93,21 +88,39 @@ void HMIXMLNode::OnAddAttribute(HMIXMLNode*) {}
 
 bool HMIXMLNode::OnParsed() { return true; }
 
-HMIXMLNode* HMIXMLNode::FindAttribute(const WCHAR* key) const noexcept { return FindFirst(attributeIndex, key); }
+bool HMIXMLNode::Keeps(const HMIXMLNode*) const noexcept { return false; }
 
-HMIXMLNode* HMIXMLNode::FindChild(const WCHAR* key) const noexcept { return FindFirst(childIndex, key); }
-
-bool HMIXMLNode::ParseNames(IXMLDOMNode* node) noexcept {
-    if (!node) return DomFailure(this, HMI_W("(null node)"));
-    HMIBSTR value;
-    if (FAILED(node->get_baseName(value.put()))) return DomFailure(this, HMI_W("get_baseName"));
-    if (!DuplicateInto(value.str, &name)) return OutOfMemory(this);
-    if (FAILED(node->get_namespaceURI(value.put()))) return DomFailure(this, HMI_W("get_namespaceURI"));
-    return DuplicateInto(value.str, &namespaceURI) || OutOfMemory(this);
+void HMIXMLNode::Release() noexcept {
+    name.reset();
+    text.reset();
+    for (HMIXMLNode* attribute : attributes) delete attribute;
+    std::vector<HMIXMLNode*>().swap(attributes);
+    size_t kept = 0;
+    for (HMIXMLNode* child : children) {
+        if (Keeps(child)) {
+            child->Release();
+            children[kept++] = child;
+        } else {
+            delete child;
+        }
+    }
+    children.resize(kept);
+    children.shrink_to_fit();  // non-binding: left as it is when memory runs out
 }
 
-bool HMIXMLNode::ParseAt(IXMLDOMNode* node, const HMIXMLChildRegistry* registry, int depth) noexcept {
-    if (!ParseNames(node)) return false;
+HMIXMLNode* HMIXMLNode::FindAttribute(const WCHAR* key) const noexcept { return FindFirst(attributes, key); }
+
+HMIXMLNode* HMIXMLNode::FindChild(const WCHAR* key) const noexcept { return FindFirst(children, key); }
+
+size_t HMIXMLNode::CountChildren(const WCHAR* key) const noexcept {
+    size_t count = 0;
+    for (const HMIXMLNode* child : children) count += key && child->Name() && lstrcmpW(child->Name(), key) == 0;
+    return count;
+}
+
+bool HMIXMLNode::ParseAt(IXMLDOMNode* node, HMIOwnedBSTR nodeName, const HMIXMLChildRegistry* registry,
+                         int depth) noexcept {
+    name = std::move(nodeName);
     if (depth > HMI_MAX_TREE_DEPTH) return HMIXMLReject(this, {HMI_W("nested more than 256 levels deep")});
     return ParseAttributes(node) && ParseChildren(node, registry, depth) && OnParsed();
 }
@@ -115,7 +128,12 @@ bool HMIXMLNode::ParseAt(IXMLDOMNode* node, const HMIXMLChildRegistry* registry,
 // An attribute's value arrives as its text children. A namespace declaration's value is read as its
 // text property instead: Wine's MSXML cannot hand out the children of a declaration.
 bool HMIXMLNode::ParseAttributeNode(IXMLDOMNode* node) noexcept {
-    if (!ParseNames(node)) return false;
+    HMIOwnedBSTR namespaceURI;
+    if (!node) return DomFailure(this, HMI_W("(null node)"));
+    if (!Take([&](BSTR* out) { return node->get_baseName(out); }, &name)) return DomFailure(this, HMI_W("get_baseName"));
+    if (!Take([&](BSTR* out) { return node->get_namespaceURI(out); }, &namespaceURI)) {
+        return DomFailure(this, HMI_W("get_namespaceURI"));
+    }
     const bool declaration = namespaceURI && lstrcmpW(namespaceURI.get(), kXmlnsNamespace) == 0;
     return (declaration ? ReplaceText(node) : ParseChildren(node, nullptr, 0)) && OnParsed();
 }
@@ -135,7 +153,7 @@ bool HMIXMLNode::ParseAttributes(IXMLDOMNode* node) noexcept {
             delete attribute;
             return false;
         }
-        if (!Adopt(attributes, attributeIndex, attribute)) return OutOfMemory(this);
+        if (!Adopt(attributes, attribute)) return OutOfMemory(this);
         OnAddAttribute(attribute);
     }
     return true;
@@ -167,22 +185,22 @@ bool HMIXMLNode::ParseChildren(IXMLDOMNode* node, const HMIXMLChildRegistry* reg
 
 // Texts are not joined: the last text or CDATA child wins.
 bool HMIXMLNode::ReplaceText(IXMLDOMNode* item) noexcept {
-    HMIBSTR value;
-    if (FAILED(item->get_text(value.put()))) return DomFailure(this, HMI_W("get_text"));
-    return DuplicateInto(value.str, &text) || OutOfMemory(this);
+    return Take([&](BSTR* out) { return item->get_text(out); }, &text) || DomFailure(this, HMI_W("get_text"));
 }
 
 bool HMIXMLNode::ParseChildElement(IXMLDOMNode* item, const HMIXMLChildRegistry* registry, int depth) noexcept {
-    HMIBSTR childName;
-    if (FAILED(item->get_baseName(childName.put()))) return DomFailure(this, HMI_W("get_baseName"));
-    const HMIXMLChildEntry* entry = HMIFindChildEntry(registry, childName.str);
+    HMIOwnedBSTR childName;
+    if (!Take([&](BSTR* out) { return item->get_baseName(out); }, &childName)) {
+        return DomFailure(this, HMI_W("get_baseName"));
+    }
+    const HMIXMLChildEntry* entry = HMIFindChildEntry(registry, childName.get());
     HMIXMLNode* child = entry ? entry->create(this) : new (std::nothrow) HMIXMLNode(this);
     if (!child) return OutOfMemory(this);
-    if (!child->ParseAt(item, registry, depth + 1)) {
+    if (!child->ParseAt(item, std::move(childName), registry, depth + 1)) {
         delete child;
         return false;
     }
-    if (!Adopt(children, childIndex, child)) return OutOfMemory(this);
+    if (!Adopt(children, child)) return OutOfMemory(this);
     OnAddChild(child);
     return true;
 }

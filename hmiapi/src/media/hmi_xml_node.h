@@ -1,13 +1,13 @@
-// HMIXMLNode: an element or attribute copied out of the DOM with its attributes, text and child
-// elements. A child registry decides which elements become typed nodes.
+// HMIXMLNode: an element or attribute taken out of the DOM with its attributes, text and child
+// elements. A child registry decides which elements become typed nodes. Names and texts are the
+// DOM's own BSTRs; lookups scan in document order, the few children of a node.
 #ifndef HMI_MEDIA_XML_NODE_H
 #define HMI_MEDIA_XML_NODE_H
 
 #include <cstdint>
-#include <map>
+#include <memory>
 #include <vector>
 
-#include "common/hmi_map.h"
 #include "common/hmi_string.h"
 #include "platform/platform.h"
 
@@ -34,11 +34,14 @@ const HMIXMLChildEntry* HMIFindChildEntry(const HMIXMLChildRegistry* registry, c
 // Elements deeper than this below the root are refused, so that Parse cannot exhaust the stack.
 constexpr int HMI_MAX_TREE_DEPTH = 256;
 
+// A BSTR as the DOM handed it out, freed with SysFreeString.
+struct HMIBSTRFree {
+    void operator()(WCHAR* text) const noexcept { SysFreeString(text); }
+};
+using HMIOwnedBSTR = std::unique_ptr<WCHAR, HMIBSTRFree>;
+
 class HMIXMLNode {
 public:
-    // Keys are the indexed nodes' own name strings.
-    using Index = std::multimap<const WCHAR*, HMIXMLNode*, HMIStrLess>;
-
     explicit HMIXMLNode(HMIXMLNode* parent) noexcept : parent(parent) {}
     HMIXMLNode(const HMIXMLNode&) = delete;
     HMIXMLNode& operator=(const HMIXMLNode&) = delete;
@@ -53,22 +56,28 @@ public:
     // Runs once the whole subtree exists; its result becomes the result of Parse.
     virtual bool OnParsed();
 
+    // Once the tree is built: frees what only the build reads (names, texts, attributes) and every
+    // child that Keeps does not claim; the kept children are released in turn. Never fails.
+    void Release() noexcept;
+
     // The first direct attribute or child of that name in document order, or null.
     HMIXMLNode* FindAttribute(const WCHAR* name) const noexcept;
     HMIXMLNode* FindChild(const WCHAR* name) const noexcept;
+    // How many children of that name have been added so far.
+    size_t CountChildren(const WCHAR* name) const noexcept;
 
     HMIXMLNode* Parent() const { return parent; }
     const WCHAR* Name() const { return name.get(); }
-    const WCHAR* NamespaceURI() const { return namespaceURI.get(); }
     const WCHAR* Text() const { return text.get(); }
     const std::vector<HMIXMLNode*>& Attributes() const { return attributes; }
     const std::vector<HMIXMLNode*>& Children() const { return children; }
-    const Index& AttributeIndex() const { return attributeIndex; }
-    const Index& ChildIndex() const { return childIndex; }
+
+protected:
+    // Whether a child stays after Release: one that a query can reach.
+    virtual bool Keeps(const HMIXMLNode* child) const noexcept;
 
 private:
-    bool ParseNames(IXMLDOMNode* node) noexcept;
-    bool ParseAt(IXMLDOMNode* node, const HMIXMLChildRegistry* registry, int depth) noexcept;
+    bool ParseAt(IXMLDOMNode* node, HMIOwnedBSTR nodeName, const HMIXMLChildRegistry* registry, int depth) noexcept;
     bool ParseAttributeNode(IXMLDOMNode* node) noexcept;
     bool ParseAttributes(IXMLDOMNode* node) noexcept;
     bool ParseChildren(IXMLDOMNode* node, const HMIXMLChildRegistry* registry, int depth) noexcept;
@@ -76,13 +85,10 @@ private:
     bool ReplaceText(IXMLDOMNode* item) noexcept;
 
     HMIXMLNode* parent;
-    HMIHeapString name;
-    HMIHeapString namespaceURI;
-    HMIHeapString text;
+    HMIOwnedBSTR name;
+    HMIOwnedBSTR text;
     std::vector<HMIXMLNode*> attributes;
     std::vector<HMIXMLNode*> children;
-    Index attributeIndex;
-    Index childIndex;
 };
 
 #endif

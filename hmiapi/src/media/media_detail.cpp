@@ -18,7 +18,9 @@ bool HMIXMLMediaDetail::ParseDocument(IXMLDOMDocument2* document, HMIXMLRejectio
     if (FAILED(document->selectSingleNode(query.str, medium.put())) || !medium) {
         return HMIXMLReject(this, {HMI_W("no \"medium\" element in no namespace")});
     }
-    return Parse(medium.get(), &HMIMediaChildRegistry);
+    if (!Parse(medium.get(), &HMIMediaChildRegistry)) return false;
+    Release();
+    return true;
 }
 
 bool HMIXMLMediaDetail::OnParsed() {

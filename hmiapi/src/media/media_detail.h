@@ -18,8 +18,9 @@ public:
     // left empty) when it is null or longer than 64 units.
     bool SetId(const WCHAR* mediaId) noexcept;
 
-    // Builds the tree from the document's first "medium" element in no namespace; called once on a
-    // fresh detail. An observer, when given, learns why the medium is rejected.
+    // Builds the tree from the document's first "medium" element in no namespace, then keeps of it only
+    // what the queries read; called once on a fresh detail. An observer, when given, learns why the
+    // medium is rejected.
     bool ParseDocument(IXMLDOMDocument2* document, HMIXMLRejectionObserver* observer = nullptr) noexcept;
 
 protected:

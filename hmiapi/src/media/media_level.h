@@ -32,6 +32,13 @@ bool HMIFileChild(HMIXMLNode* child, Dictionary& dictionary, bool* filingFailed)
     return true;
 }
 
+// Whether child is the node that dictionary files under its type: the one node a query can reach.
+template <typename Child, typename Dictionary>
+bool HMIFiled(const HMIXMLNode* child, const Dictionary& dictionary) noexcept {
+    const Child* typed = dynamic_cast<const Child*>(child);
+    return typed && dictionary.Find(typed->Info().type) == typed;
+}
+
 template <typename Record, typename Child, typename Dictionary>
 class HMIXMLMediaBranch : public HMIXMLMediaLevel<Record> {
 public:
@@ -41,6 +48,7 @@ protected:
     using HMIXMLMediaLevel<Record>::HMIXMLMediaLevel;
 
     void OnAddChild(HMIXMLNode* child) override { HMIFileChild<Child>(child, dictionary, &filingFailed); }
+    bool Keeps(const HMIXMLNode* child) const noexcept override { return HMIFiled<Child>(child, dictionary); }
 
     // A tree with a child missing from its dictionary would answer wrongly: the build fails instead.
     bool ChildrenFiled() const noexcept {

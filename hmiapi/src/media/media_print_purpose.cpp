@@ -35,6 +35,13 @@ void HMIXMLMediaPrintPurpose::OnAddChild(HMIXMLNode* child) {
         HMIFileChild<HMIXMLMediaPrintQualityINDEX>(child, qualitiesINDEX, &filingFailed);
 }
 
+bool HMIXMLMediaPrintPurpose::Keeps(const HMIXMLNode* child) const noexcept {
+    return HMIFiled<HMIXMLMediaPrintQualityRGB>(child, qualitiesRGB) ||
+           HMIFiled<HMIXMLMediaPrintQualityCMYK4D>(child, qualitiesCMYK4D) ||
+           HMIFiled<HMIXMLMediaPrintQualityCMYK1D>(child, qualitiesCMYK1D) ||
+           HMIFiled<HMIXMLMediaPrintQualityINDEX>(child, qualitiesINDEX);
+}
+
 bool HMIXMLMediaPrintPurpose::OnParsed() {
     if (filingFailed) return HMIXMLReject(this, {HMI_W("out of memory filing a print quality")});
     if (!HMIReadRequiredAttribute(*this, HMI_W("type"), HMIPrintPurposeConverter, &info.type)) return false;

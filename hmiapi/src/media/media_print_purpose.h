@@ -21,6 +21,7 @@ public:
 
 protected:
     void OnAddChild(HMIXMLNode* child) override;
+    bool Keeps(const HMIXMLNode* child) const noexcept override;
     bool OnParsed() override;
 
 private:

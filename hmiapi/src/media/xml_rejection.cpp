@@ -20,14 +20,14 @@ WString Decimal(size_t n) {
     return digits;
 }
 
-// The failing node and its ancestors are still being parsed, so none of them is in its parent's
-// index yet: its position among same-named siblings is one past those already filed.
+// The failing node and its ancestors are still being parsed, so none of them is among its parent's
+// children yet: its position among same-named siblings is one past those already added.
 WString PathOf(const HMIXMLNode* node) {
     WString path;
     for (; node; node = node->Parent()) {
         WString step = node->Name() ? node->Name() : node->Parent() ? HMI_W("?") : HMI_W("");
         if (const HMIXMLNode* parent = node->Parent()) {
-            size_t before = node->Name() ? parent->ChildIndex().count(node->Name()) : 0;
+            const size_t before = parent->CountChildren(node->Name());
             step += HMI_W("[") + Decimal(before + 1) + HMI_W("]");
         }
         path.insert(0, path.empty() ? step : step + HMI_W("/"));

@@ -3,6 +3,7 @@
 // detail cache test).
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <memory>
 #include <typeinfo>
@@ -79,9 +80,11 @@ class MediaTreeTest : public MediaDocumentTest {};
 // Over-long strings and unknown values leave their fields empty; the rest of the record is read.
 TEST_F(MediaTreeTest, FieldsThatReadAsNothing) {
     auto odd = BuildMedium(HMI_W(R"(<operationflag>1F</operationflag><format_version>1.000</format_version>
-        <medium_category/><printquality_index type="1" threeposition="fine"><output_icc>)") +
+        <medium_category/><printcolormode type="color"><borderlessprint type="OFF"><print_purpose type="photo">
+        <printquality_index type="1" threeposition="fine"><output_icc>)") +
                            WString(kIcc64) + HMI_W(R"(X</output_icc><bit>12 bits</bit>
-        <app_filter_id>ABCDEFGHI</app_filter_id></printquality_index>)"));
+        <app_filter_id>ABCDEFGHI</app_filter_id></printquality_index></print_purpose></borderlessprint>
+        </printcolormode>)"));
     ASSERT_TRUE(odd);
     auto medium = Zeroed<_tagHMIMediaInfo>();
     medium.operationflag = 31;
@@ -89,8 +92,9 @@ TEST_F(MediaTreeTest, FieldsThatReadAsNothing) {
     EXPECT_TRUE(HasRecord(odd.get(), medium));
     auto quality = Zeroed<_tagHMIPrintQualityInfo>(HMI_PRINTQUALITY_1, HMI_3POS_FINE);
     quality.bit = 12;
-    const HMIXMLNode* node = odd->FindChild(HMI_W("printquality_index"));
-    EXPECT_TRUE(HasRecord(dynamic_cast<const HMIXMLMediaPrintQuality*>(node), quality));
+    const HMIXMLMediaPrintPurpose* purpose = odd->ColorModes().Find(HMI_COLORMODE_COLOR)->BorderlessModes().Find(
+        HMI_OFF)->PrintPurposes().Find(HMI_PRINTPURPOSE_PHOTO);
+    EXPECT_TRUE(HasRecord(purpose->QualitiesINDEX().Find(HMI_PRINTQUALITY_1), quality));
 }
 
 TEST_F(MediaTreeTest, WholeMediumIsRejectedAndExplained) {
@@ -128,6 +132,25 @@ TEST_F(MediaTreeTest, WholeMediumIsRejectedAndExplained) {
     EXPECT_TRUE(outer.rejections.empty());
 }
 
+// A built tree keeps the nodes a query can reach and nothing else: the first colour mode of a type,
+// not its repetition, no value elements, attributes, names or texts.
+TEST_F(MediaTreeTest, BuiltTreeKeepsOnlyWhatQueriesRead) {
+    auto detail = BuildMedium(HMI_W(R"(<operationflag>1F</operationflag><printcolormode type="color"><x/>
+        <borderlessprint type="ON"/></printcolormode><printcolormode type="color"/><printcolormode type="all"/>)"));
+    ASSERT_TRUE(detail);
+    const HMIXMLMediaColorMode* color = detail->ColorModes().Find(HMI_COLORMODE_COLOR);
+    const HMIXMLMediaColorMode* all = detail->ColorModes().Find(HMI_COLORMODE_ALL);
+    ASSERT_TRUE(color && all);
+    EXPECT_EQ(detail->Children(), (std::vector<HMIXMLNode*>{const_cast<HMIXMLMediaColorMode*>(color),
+                                                             const_cast<HMIXMLMediaColorMode*>(all)}));
+    EXPECT_EQ(color->Children().size(), 1u);  // the borderless mode, not <x/>
+    EXPECT_EQ(detail->Info().operationflag, 0x1Fu);
+    for (const HMIXMLNode* node : {static_cast<const HMIXMLNode*>(detail.get()), static_cast<const HMIXMLNode*>(color),
+                                   static_cast<const HMIXMLNode*>(color->Children()[0])}) {
+        EXPECT_TRUE(node->Attributes().empty() && !node->Name() && !node->Text());
+    }
+}
+
 WString Nested(int levels, const WCHAR* leaf) {
     return levels ? HMI_W("<x>") + Nested(levels - 1, leaf) + HMI_W("</x>") : WString(leaf);
 }
@@ -137,10 +160,15 @@ int DepthBelow(const HMIXMLNode* node) { return node->Children().empty() ? 0 : 1
 // MSXML 6.0 and the Linux DOM refuse documents nested deeper than 256 elements, so a medium at the
 // top has at most 255 levels below it. Wine's MSXML loads deeper ones: the tree refuses them itself.
 TEST_F(MediaTreeTest, DeepDocumentsBuildUpToTheLimitAndNoFurther) {
-    auto detail = Build(WString(HMI_W("<medium>")) + Nested(254, HMI_W("<printcolormode type=\"all\"/>")) +
-                        HMI_W("</medium>"));
-    ASSERT_TRUE(detail);
-    EXPECT_EQ(DepthBelow(detail.get()), 255);
+    EXPECT_TRUE(Build(WString(HMI_W("<medium>")) + Nested(254, HMI_W("<printcolormode type=\"all\"/>")) +
+                      HMI_W("</medium>")));
+    // The deepest element is built: a colour mode there without its type rejects the medium.
+    RecordingObserver deepest;
+    EXPECT_FALSE(Build(WString(HMI_W("<medium>")) + Nested(254, HMI_W("<printcolormode/>")) + HMI_W("</medium>"),
+                       &deepest));
+    ASSERT_EQ(deepest.rejections.size(), 1u);
+    const std::string& path = deepest.rejections[0];
+    EXPECT_EQ(std::count(path.begin(), path.begin() + path.find(':'), '/'), 255) << path.substr(path.size() - 80);
     EXPECT_FALSE(Load(HMI_W("<medium>") + Nested(300, HMI_W("")) + HMI_W("</medium>")) &&
                  HMIXMLMediaDetail().ParseDocument(document.get()));
     // Below a chain of 250 ancestors, an element may have 6 levels below it but not 7.
