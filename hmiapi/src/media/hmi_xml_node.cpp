@@ -165,6 +165,8 @@ bool HMIXMLNode::ParseChildren(IXMLDOMNode* node, const HMIXMLChildRegistry* reg
     if (!list) return true;
     LONG length = 0;
     if (FAILED(list->get_length(&length))) return DomFailure(this, HMI_W("IXMLDOMNodeList::get_length"));
+    // Texts are not joined: the last text or CDATA child wins, so only its text is read.
+    HMIComPtr<IXMLDOMNode> lastText;
     for (LONG i = 0; i < length; ++i) {
         HMIComPtr<IXMLDOMNode> item;
         if (FAILED(list->get_item(i, item.put())) || !item) {
@@ -172,18 +174,15 @@ bool HMIXMLNode::ParseChildren(IXMLDOMNode* node, const HMIXMLChildRegistry* reg
         }
         DOMNodeType type = NODE_INVALID;
         if (FAILED(item->get_nodeType(&type))) return DomFailure(this, HMI_W("get_nodeType"));
-        bool ok = true;
         if (type == NODE_TEXT || type == NODE_CDATA_SECTION) {
-            ok = ReplaceText(item.get());
-        } else if (type == NODE_ELEMENT) {
-            ok = ParseChildElement(item.get(), registry, depth);
+            *lastText.put() = item.detach();
+        } else if (type == NODE_ELEMENT && !ParseChildElement(item.get(), registry, depth)) {
+            return false;
         }
-        if (!ok) return false;
     }
-    return true;
+    return !lastText || ReplaceText(lastText.get());
 }
 
-// Texts are not joined: the last text or CDATA child wins.
 bool HMIXMLNode::ReplaceText(IXMLDOMNode* item) noexcept {
     return Take([&](BSTR* out) { return item->get_text(out); }, &text) || DomFailure(this, HMI_W("get_text"));
 }

@@ -63,6 +63,13 @@ HRESULT HMIMakeNamedNodeMap(const NodeContext& from, NodeArray nodes, IXMLDOMNam
     return MakeList(from, nodes, out);
 }
 
+bool HMISizeNodes(NodeArray* nodes, LONG count) {
+    if (count == 0) return true;
+    if (count >= (1 << 29)) return false;
+    nodes->items = static_cast<NodeRef*>(HMIComAlloc(sizeof(NodeRef) * static_cast<size_t>(count)));
+    return nodes->items != nullptr;
+}
+
 bool HMIAppendNode(NodeArray* nodes, const NodeRef& ref) {
     LONG count = nodes->count;
     // Capacity is the next power of two, so growing needs no separate field.

@@ -11,4 +11,9 @@ HRESULT HMIMakeNamedNodeMap(const NodeContext& from, NodeArray nodes, IXMLDOMNam
 // Appends one reference, growing the array; false when memory runs out.
 bool HMIAppendNode(NodeArray* nodes, const NodeRef& ref);
 
+// An empty array with room for exactly count references, filled with HMIPutNode (not HMIAppendNode):
+// one allocation for a list whose length is known. False when memory runs out.
+bool HMISizeNodes(NodeArray* nodes, LONG count);
+inline void HMIPutNode(NodeArray* nodes, const NodeRef& ref) { nodes->items[nodes->count++] = ref; }
+
 #endif

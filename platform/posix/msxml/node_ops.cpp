@@ -91,8 +91,11 @@ HRESULT HMINodeChildren(const NodeContext& node, IXMLDOMNodeList** list) {
     } else if (ref.kind == NodeKind::Tree) {
         xmlElementType type = ref.node->type;
         bool hasChildren = type == XML_ELEMENT_NODE || type == XML_ATTRIBUTE_NODE || type == XML_DOCUMENT_NODE;
-        for (xmlNodePtr child = hasChildren ? ref.node->children : nullptr; child && ok; child = child->next)
-            ok = HMIAppendNode(&children, {NodeKind::Tree, child, nullptr});
+        LONG count = 0;
+        for (xmlNodePtr child = hasChildren ? ref.node->children : nullptr; child; child = child->next) ++count;
+        ok = HMISizeNodes(&children, count);
+        for (xmlNodePtr child = hasChildren && ok ? ref.node->children : nullptr; child; child = child->next)
+            HMIPutNode(&children, {NodeKind::Tree, child, nullptr});
     }
     if (!ok) {
         HMIComFree(children.items);
@@ -107,12 +110,15 @@ HRESULT HMINodeAttributes(const NodeContext& node, IXMLDOMNamedNodeMap** map) {
     const NodeRef& ref = node.ref;
     if (ref.kind != NodeKind::Tree || ref.node->type != XML_ELEMENT_NODE) return S_FALSE;
     NodeArray attributes;
-    bool ok = true;
-    for (xmlAttrPtr attribute = ref.node->properties; attribute && ok; attribute = attribute->next)
-        ok = HMIAppendNode(&attributes, {NodeKind::Tree, reinterpret_cast<xmlNodePtr>(attribute), nullptr});
+    LONG count = 0;
+    for (xmlAttrPtr attribute = ref.node->properties; attribute; attribute = attribute->next) ++count;
+    for (xmlNsPtr ns = ref.node->nsDef; ns; ns = ns->next) ++count;
+    const bool ok = HMISizeNodes(&attributes, count);
+    for (xmlAttrPtr attribute = ok ? ref.node->properties : nullptr; attribute; attribute = attribute->next)
+        HMIPutNode(&attributes, {NodeKind::Tree, reinterpret_cast<xmlNodePtr>(attribute), nullptr});
     // Declarations follow the ordinary attributes, as MSXML lists them.
-    for (xmlNsPtr ns = ref.node->nsDef; ns && ok; ns = ns->next)
-        ok = HMIAppendNode(&attributes, {NodeKind::NamespaceDeclaration, ref.node, ns});
+    for (xmlNsPtr ns = ok ? ref.node->nsDef : nullptr; ns; ns = ns->next)
+        HMIPutNode(&attributes, {NodeKind::NamespaceDeclaration, ref.node, ns});
     if (!ok) {
         HMIComFree(attributes.items);
         return E_OUTOFMEMORY;
