@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -134,6 +135,22 @@ void BM_CachedChain(benchmark::State& state) {
     HMIClose(access);
 }
 BENCHMARK(BM_CachedChain)->Unit(benchmark::kNanosecond);
+
+// (b') The bytes the chain hands out, copied with memcpy: the floor the chain is measured against.
+void BM_CopyChainRecords(benchmark::State& state) {
+    constexpr size_t kBytes = sizeof(_tagHMIMediaInfo) + sizeof(_tagHMIAvailableColorMode) +
+                              sizeof(_tagHMIAvailableBorderless) + sizeof(_tagHMIAvailablePrintPurpose) +
+                              sizeof(_tagHMIPrintPurposeInfo) + sizeof(_tagHMIAvailablePrintQuality) +
+                              sizeof(_tagHMIPrintQualityInfo);
+    std::vector<unsigned char> from(kBytes, 0x5A), to(kBytes);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(from.data());
+        std::memcpy(to.data(), from.data(), kBytes);
+        benchmark::ClobberMemory();
+    }
+    state.counters["bytes"] = static_cast<double>(kBytes);
+}
+BENCHMARK(BM_CopyChainRecords)->Unit(benchmark::kNanosecond);
 
 // (c) Every medium of the sample printer on a fresh handle, rejected ones included.
 void BM_FilterAllSampleMedia(benchmark::State& state) {

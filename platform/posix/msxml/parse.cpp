@@ -13,8 +13,10 @@
 namespace {
 
 // XML_PARSE_DTDLOAD, NOENT, DTDVALID and HUGE are never passed: nothing external is read and
-// libxml2 keeps its limits (text nodes over 10 MB are refused).
-constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
+// libxml2 keeps its limits (text nodes over 10 MB are refused). COMPACT keeps short texts inside their
+// nodes, one allocation fewer for most values of a media document; it allows no change to the tree
+// after the parse, and this DOM makes none.
+constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
 
 // libxml2 refuses longer text nodes only when they arrive in pieces (non-ASCII text, references);
 // counting here refuses every one, whatever its content.
