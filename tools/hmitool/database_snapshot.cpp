@@ -18,12 +18,6 @@ std::string Hex8(DWORD number) {
     return text;
 }
 
-// A number as pack stores it: hex digits in upper case.
-std::string UpperHex(std::string text) {
-    for (char& c : text) c = (c >= 'a' && c <= 'f') ? static_cast<char>(c - 'a' + 'A') : c;
-    return text;
-}
-
 // A level's step in a path: the value asked, with its level's name where the value alone is unclear.
 std::string Step(const std::string& kind, const std::string& name) {
     if (kind == "borderlessprint") return "borderless " + name;
@@ -71,7 +65,7 @@ void Snapshot(const MediaSource& source, const std::map<std::string, DatabaseEnt
             // The File reader gives no number and no valid switch; the entry as written has them.
             const auto entry = entries.find(medium.id);
             const bool fromFile = entry != entries.end();
-            medium.header = {{"media_number", fromFile ? UpperHex(Narrow(entry->second.number.c_str())) : Hex8(header.media_number)},
+            medium.header = {{"media_number", fromFile ? Narrow(AsciiUpper(entry->second.number).c_str()) : Hex8(header.media_number)},
                              {"valid", fromFile ? (entry->second.valid == HMI_W("ON") ? "1" : "0") : std::to_string(header.valid)},
                              {"visible", std::to_string(header.visible)},
                              {"checksum", Narrow(header.checksum, 33)}};

@@ -35,11 +35,6 @@ bool IsHexNumber(const WString& text) {
     return true;
 }
 
-WString UpperCase(WString text) {
-    for (WCHAR& c : text) c = (c >= 'a' && c <= 'z') ? static_cast<WCHAR>(c - 'a' + 'A') : c;
-    return text;
-}
-
 // ON or OFF as the header's 1 or 0; anything else is refused rather than guessed.
 bool Switch(const WString& text, uint32_t* value) {
     if (text == HMI_W("ON") || text == HMI_W("OFF")) {
@@ -102,12 +97,12 @@ private:
                 Error(database, where + ": media_number '" + Narrow(entry.number.c_str()) + "' is not 8 hex digits");
             } else if (!Switch(entry.valid, &valid) || !Switch(entry.visible, &visible)) {
                 Error(database, where + ": valid and visible must be ON or OFF");
-            } else if (!ids.insert(UpperCase(entry.id)).second) {
+            } else if (!ids.insert(AsciiUpper(entry.id)).second) {
                 Error(database, where + ": listed twice (ids compare without case, as printer-data keys do)");
-            } else if (!numbers.insert(UpperCase(entry.number)).second) {
+            } else if (!numbers.insert(AsciiUpper(entry.number)).second) {
                 Error(database, where + ": media_number " + Narrow(entry.number.c_str()) + " is used twice");
             } else {
-                const WString number = UpperCase(entry.number);
+                const WString number = AsciiUpper(entry.number);
                 media.Text(Listed(i), number);
                 PackMedium(source, entry, number, valid, visible, &mediaKeys);
             }
@@ -185,7 +180,7 @@ private:
         for (const MediumName& name : names) {
             const std::string language = Narrow(name.language.c_str());
             const MediumName single = source.Name(id, name.language);
-            if (!languages.insert(UpperCase(name.language)).second) {
+            if (!languages.insert(AsciiUpper(name.language)).second) {
                 Error(path, "language '" + language + "' twice");
             } else if (!single.found || single.name != name.name) {
                 Error(path, "the name in '" + language + "' differs between iv:medianame_item and medianame_item");

@@ -21,11 +21,6 @@ std::string ValueName(int64_t index) {
 
 std::string ListEntry(int64_t index) { return "list entry " + ValueName(index); }
 
-WString Folded(WString text) {
-    for (WCHAR& c : text) c = (c >= 'a' && c <= 'z') ? static_cast<WCHAR>(c - 'a' + 'A') : c;
-    return text;
-}
-
 WString TextOf(const PRINTER_ENUM_VALUESW& value) {
     const auto* text = reinterpret_cast<const WCHAR*>(value.pData);
     WString out(text, value.cbData / sizeof(WCHAR));
@@ -70,7 +65,7 @@ private:
         std::map<WString, int64_t> ids;
         for (const auto& [index, number] : listed) {
             const WString key = WString(HMI_MEDIA_KEY) + HMI_W("\\") + number;
-            const auto first = numbers_.emplace(Folded(number), index);
+            const auto first = numbers_.emplace(AsciiUpper(number), index);
             if (!first.second) {
                 DatabaseFinding(Narrow(key.c_str()), ListEntry(index) + " repeats the number of " + ListEntry(first.first->second));
                 continue;
@@ -100,7 +95,7 @@ private:
             return;
         }
         for (const WCHAR* name = names.data(); *name; name += WString(name).size() + 1) {
-            if (!numbers_.count(Folded(name))) {
+            if (!numbers_.count(AsciiUpper(name))) {
                 DatabaseFinding(mediaKey + "\\" + Narrow(name), "no list entry names it: its document and names are never read");
             }
         }

@@ -22,6 +22,11 @@ WString Widen(const std::string& utf8) {
     return out;
 }
 
+WString AsciiUpper(WString text) {
+    for (WCHAR& c : text) c = (c >= 'a' && c <= 'z') ? static_cast<WCHAR>(c - 'a' + 'A') : c;
+    return text;
+}
+
 bool IsUtf8(const std::string& utf8) {
     for (size_t i = 0; i < utf8.size();) {
         const auto c = static_cast<unsigned char>(utf8[i]);
