@@ -53,7 +53,35 @@ HRESULT MakeList(const NodeContext& from, NodeArray nodes, Interface** out) {
     return E_OUTOFMEMORY;
 }
 
+// The attributes of an element without any: one map for all of them, never freed, so that the many
+// value elements of a document cost no object each.
+class EmptyNamedNodeMap final : public IXMLDOMNamedNodeMap {
+public:
+    HRESULT QueryInterface(REFIID riid, void** object) override {
+        if (!object) return E_POINTER;
+        *object = riid == IID_IUnknown || riid == IID_IXMLDOMNamedNodeMap ? this : nullptr;
+        return *object ? S_OK : E_NOINTERFACE;
+    }
+    ULONG AddRef() override { return 1; }
+    ULONG Release() override { return 1; }
+    HRESULT get_length(LONG* length) override {
+        if (!length) return E_INVALIDARG;
+        *length = 0;
+        return S_OK;
+    }
+    HRESULT get_item(LONG, IXMLDOMNode** item) override {
+        if (!item) return E_INVALIDARG;
+        *item = nullptr;
+        return S_FALSE;
+    }
+};
+
 }  // namespace
+
+IXMLDOMNamedNodeMap* HMIEmptyNamedNodeMap() {
+    static EmptyNamedNodeMap empty;
+    return &empty;
+}
 
 HRESULT HMIMakeNodeList(const NodeContext& from, NodeArray nodes, IXMLDOMNodeList** out) {
     return MakeList(from, nodes, out);

@@ -11,6 +11,9 @@ HRESULT HMIMakeNamedNodeMap(const NodeContext& from, NodeArray nodes, IXMLDOMNam
 // Appends one reference, growing the array; false when memory runs out.
 bool HMIAppendNode(NodeArray* nodes, const NodeRef& ref);
 
+// The map of an element without attributes, shared and never freed (AddRef and Release do nothing).
+IXMLDOMNamedNodeMap* HMIEmptyNamedNodeMap();
+
 // An empty array with room for exactly count references, filled with HMIPutNode (not HMIAppendNode):
 // one allocation for a list whose length is known. False when memory runs out.
 bool HMISizeNodes(NodeArray* nodes, LONG count);

@@ -113,6 +113,10 @@ HRESULT HMINodeAttributes(const NodeContext& node, IXMLDOMNamedNodeMap** map) {
     LONG count = 0;
     for (xmlAttrPtr attribute = ref.node->properties; attribute; attribute = attribute->next) ++count;
     for (xmlNsPtr ns = ref.node->nsDef; ns; ns = ns->next) ++count;
+    if (count == 0) {
+        *map = HMIEmptyNamedNodeMap();
+        return S_OK;
+    }
     const bool ok = HMISizeNodes(&attributes, count);
     for (xmlAttrPtr attribute = ok ? ref.node->properties : nullptr; attribute; attribute = attribute->next)
         HMIPutNode(&attributes, {NodeKind::Tree, reinterpret_cast<xmlNodePtr>(attribute), nullptr});

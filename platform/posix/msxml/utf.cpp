@@ -49,6 +49,17 @@ char* HMIUtf16ToUtf8(const WCHAR* text, size_t* length) {
     if (!out) return nullptr;
     auto* o = reinterpret_cast<unsigned char*>(out);
     for (const WCHAR* p = text; *p; ++p) {
+        // Runs of ASCII, four units at a time (the text's terminator is not ASCII-free-of-zero, so
+        // a block holding it is left to the unit loop).
+        while (p + 4 <= text + units) {
+            uint64_t block;
+            std::memcpy(&block, p, sizeof block);
+            if (block & 0xFF80FF80FF80FF80u) break;
+            for (int k = 0; k < 4; ++k) o[k] = static_cast<unsigned char>(block >> (16 * k));
+            o += 4;
+            p += 4;
+        }
+        if (!*p) break;
         uint32_t c = *p;
         if (c < 0x80) {
             *o++ = static_cast<unsigned char>(c);
