@@ -41,16 +41,16 @@ bool StoreKey::Remove(std::u16string_view name) {
     return true;
 }
 
-PrinterStore::PrinterStore() { keys_.emplace(std::u16string(), StoreKey(std::u16string())); }
+PrinterStore::PrinterStore() { Create(std::u16string_view()); }
 
 const StoreKey* PrinterStore::Find(std::u16string_view path) const {
-    auto it = keys_.find(Folded(path));
-    return it == keys_.end() ? nullptr : &it->second;
+    auto it = lookup_.find(Folded(path));
+    return it == lookup_.end() ? nullptr : it->second;
 }
 
 StoreKey* PrinterStore::Find(std::u16string_view path) {
-    auto it = keys_.find(Folded(path));
-    return it == keys_.end() ? nullptr : &it->second;
+    auto it = lookup_.find(Folded(path));
+    return it == lookup_.end() ? nullptr : it->second;
 }
 
 std::vector<std::u16string> PrinterStore::Subkeys(std::u16string_view path) const {
@@ -74,6 +74,7 @@ StoreKey& PrinterStore::Create(std::u16string_view path) {
         std::u16string folded = Folded(prefix);
         auto it = keys_.find(folded);
         if (it == keys_.end()) it = keys_.emplace(std::move(folded), StoreKey(std::u16string(prefix))).first;
+        lookup_.emplace(it->first, &it->second);  // also when a failed earlier call left it out
         if (end == std::u16string_view::npos) return it->second;
         ++end;
     }
@@ -81,15 +82,20 @@ StoreKey& PrinterStore::Create(std::u16string_view path) {
 
 bool PrinterStore::Delete(std::u16string_view path) {
     if (path.empty()) {
+        lookup_.clear();
         keys_.clear();
-        keys_.emplace(std::u16string(), StoreKey(std::u16string()));
+        Create(path);
         return true;
     }
     std::u16string folded = Folded(path);
+    lookup_.erase(folded);
     bool existed = keys_.erase(folded) != 0;
     folded.push_back(u'\\');
     auto it = keys_.lower_bound(folded);
-    while (it != keys_.end() && it->first.compare(0, folded.size(), folded) == 0) it = keys_.erase(it);
+    while (it != keys_.end() && it->first.compare(0, folded.size(), folded) == 0) {
+        lookup_.erase(it->first);
+        it = keys_.erase(it);
+    }
     return existed;
 }
 

@@ -42,6 +42,8 @@ private:
 class PrinterStore {
 public:
     PrinterStore();
+    PrinterStore(const PrinterStore&) = delete;  // the lookup points into the keys
+    PrinterStore& operator=(const PrinterStore&) = delete;
 
     // Paths are canonical (NormalizeKeyPath); "" is the printer's own key, which always exists.
     const StoreKey* Find(std::u16string_view path) const;
@@ -57,7 +59,8 @@ public:
     const std::map<std::u16string, StoreKey>& keys() const { return keys_; }
 
 private:
-    std::map<std::u16string, StoreKey> keys_;  // folded path -> key
+    std::map<std::u16string, StoreKey> keys_;  // folded path -> key, in order for listing and writing
+    std::unordered_map<std::u16string, StoreKey*> lookup_;  // the same keys, for finding one
 };
 
 // The registry's limit on key levels; it also bounds the work of creating a key's ancestors.
