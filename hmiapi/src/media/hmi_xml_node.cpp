@@ -88,13 +88,18 @@ void HMIXMLNode::OnAddAttribute(HMIXMLNode*) {}
 
 bool HMIXMLNode::OnParsed() { return true; }
 
-bool HMIXMLNode::Keeps(const HMIXMLNode*) const noexcept { return false; }
+bool HMIXMLNode::Keeps(const HMIXMLNode*) const noexcept { return true; }
 
 void HMIXMLNode::Release() noexcept {
     name.reset();
     text.reset();
     for (HMIXMLNode* attribute : attributes) delete attribute;
     std::vector<HMIXMLNode*>().swap(attributes);
+}
+
+// Runs as soon as this node has read its children, so that what only the build reads is freed while
+// the build goes on, in the order it was made, rather than all at once at the end.
+void HMIXMLNode::ReleaseChildren() noexcept {
     size_t kept = 0;
     for (HMIXMLNode* child : children) {
         if (Keeps(child)) {
@@ -104,6 +109,7 @@ void HMIXMLNode::Release() noexcept {
             delete child;
         }
     }
+    if (kept == children.size()) return;
     children.resize(kept);
     children.shrink_to_fit();  // non-binding: left as it is when memory runs out
 }
@@ -122,7 +128,9 @@ bool HMIXMLNode::ParseAt(IXMLDOMNode* node, HMIOwnedBSTR nodeName, const HMIXMLC
                          int depth) noexcept {
     name = std::move(nodeName);
     if (depth > HMI_MAX_TREE_DEPTH) return HMIXMLReject(this, {HMI_W("nested more than 256 levels deep")});
-    return ParseAttributes(node) && ParseChildren(node, registry, depth) && OnParsed();
+    if (!ParseAttributes(node) || !ParseChildren(node, registry, depth) || !OnParsed()) return false;
+    ReleaseChildren();
+    return true;
 }
 
 // An attribute's value arrives as its text children. A namespace declaration's value is read as its

@@ -56,8 +56,8 @@ public:
     // Runs once the whole subtree exists; its result becomes the result of Parse.
     virtual bool OnParsed();
 
-    // Once the tree is built: frees what only the build reads (names, texts, attributes) and every
-    // child that Keeps does not claim; the kept children are released in turn. Never fails.
+    // Frees what only the build reads of this node: its name, text and attributes. Its parent calls
+    // it once it has read them; the root's owner once the tree is built. Never fails.
     void Release() noexcept;
 
     // The first direct attribute or child of that name in document order, or null.
@@ -73,7 +73,8 @@ public:
     const std::vector<HMIXMLNode*>& Children() const { return children; }
 
 protected:
-    // Whether a child stays after Release: one that a query can reach.
+    // Whether a child stays once this node has been built (and is then released), or is deleted:
+    // every child of a plain node stays; a level keeps the children a query can reach.
     virtual bool Keeps(const HMIXMLNode* child) const noexcept;
 
 private:
@@ -83,6 +84,7 @@ private:
     bool ParseChildren(IXMLDOMNode* node, const HMIXMLChildRegistry* registry, int depth) noexcept;
     bool ParseChildElement(IXMLDOMNode* item, const HMIXMLChildRegistry* registry, int depth) noexcept;
     bool ReplaceText(IXMLDOMNode* item) noexcept;
+    void ReleaseChildren() noexcept;
 
     HMIXMLNode* parent;
     HMIOwnedBSTR name;

@@ -15,6 +15,10 @@ public:
     const Record& Info() const { return info; }
 
 protected:
+    // A level's children are its value elements, read by its OnParsed: none stays unless a subclass
+    // files it.
+    bool Keeps(const HMIXMLNode*) const noexcept override { return false; }
+
     explicit HMIXMLMediaLevel(HMIXMLNode* parent) noexcept : HMIXMLNode(parent) {
         std::memset(&info, 0, sizeof info);
     }
