@@ -30,27 +30,16 @@ bool IsPair(const WCHAR* p) { return p[0] >= 0xD800 && p[0] <= 0xDBFF && p[1] >=
 }  // namespace
 
 char* HMIUtf16ToUtf8(const WCHAR* text, size_t* length) {
-    // Branch-free count; surrogates count two bytes each, so a pair gets its four and a lone one
-    // (which becomes the three bytes of U+FFFD) is topped up below.
-    size_t bytes = 0, units = 0, surrogates = 0;
-    for (; text[units]; ++units) {
-        uint32_t c = text[units];
-        bytes += 1 + (c >= 0x80) + (c >= 0x800);
-        surrogates += (c & 0xF800) == 0xD800;
-    }
-    bytes -= surrogates;
-    if (surrogates) {
-        for (size_t i = 0; i < units; ++i) {
-            if (IsPair(text + i)) ++i;
-            else if ((text[i] & 0xF800) == 0xD800) bytes += 1;
-        }
-    }
-    auto* out = static_cast<char*>(HMIComAlloc(bytes + 1));
+    // One pass into room for the longest form: a unit makes at most three bytes (a pair, four for
+    // two units; a lone surrogate, the three of U+FFFD).
+    size_t units = 0;
+    while (text[units]) ++units;
+    if (units > (SIZE_MAX - 1) / 3) return nullptr;
+    auto* out = static_cast<char*>(HMIComAlloc(3 * units + 1));
     if (!out) return nullptr;
     auto* o = reinterpret_cast<unsigned char*>(out);
     for (const WCHAR* p = text; *p; ++p) {
-        // Runs of ASCII, four units at a time (the text's terminator is not ASCII-free-of-zero, so
-        // a block holding it is left to the unit loop).
+        // Runs of ASCII, four units at a time; the last units before the terminator go one by one.
         while (p + 4 <= text + units) {
             uint64_t block;
             std::memcpy(&block, p, sizeof block);
@@ -82,8 +71,11 @@ char* HMIUtf16ToUtf8(const WCHAR* text, size_t* length) {
         }
     }
     *o = 0;
+    const size_t bytes = static_cast<size_t>(o - reinterpret_cast<unsigned char*>(out));
     if (length) *length = bytes;
-    return out;
+    // The room that was not needed goes back; a refused shrink keeps the block as it is.
+    void* fitted = bytes < 3 * units ? HMIComRealloc(out, bytes + 1) : nullptr;
+    return fitted ? static_cast<char*>(fitted) : out;
 }
 
 size_t HMIUtf16Length(const unsigned char* text, size_t length) {
