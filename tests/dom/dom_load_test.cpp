@@ -24,6 +24,18 @@ TEST_F(DomTest, LoadXmlAcceptsWellFormedTextWithinTheLimits) {
     for (const auto& c : cases) EXPECT_EQ(RunsOnWine() ? c.wineLoads : c.loads, Load(c.xml)) << c.name;
 }
 
+// Texts come through loadXML unchanged whatever stands next to what: runs of ASCII of every length up
+// to a block and a half, then a two-byte, a three-byte and a four-byte character.
+TEST_F(DomTest, LoadXmlKeepsEveryCharacterOfItsText) {
+    for (const Text tail : {u"\u00e9", u"\u5199", u"\U0001D11E", u"\u00e9\U0001D11Ex"}) {
+        for (size_t ascii = 0; ascii <= 9; ++ascii) {
+            const Text text = Text(ascii, u'a') + tail + Text(ascii % 3, u'z');
+            ASSERT_TRUE(Load(u"<a>" + text + u"</a>")) << ascii;
+            EXPECT_EQ(TextAt(u"/a"), text) << Show(text);
+        }
+    }
+}
+
 // parseError gives the line and column of the first error and why; the next successful load clears it.
 TEST_F(DomTest, ParseErrorTellsWhereAndWhy) {
     EXPECT_FALSE(Load(u"<a>\n <b>\n</a>"));
