@@ -77,12 +77,13 @@ TEST(HmitoolPrinter, RegeditImportsAPackedStoreWithEveryNameIntact) {
     TestPrinter printer(HMI_W("Regedit \u00e9 "));
     ASSERT_TRUE(printer.ok());
     const std::string name = Utf8(printer.name());
-    const std::string file = "hmitool-regedit-" + std::to_string(GetCurrentProcessId()) + ".reg";
-    const ProgramRun packed = RunProgram(HMI_TOOL, {"pack", "--keep-rejected", "--printer-key", name, kSources, file});
+    // A file name beyond the ANSI code page as well: the tool writes it through the wide API.
+    const std::wstring file = L"hmitool-r\u00e9gedit-" + std::to_wstring(GetCurrentProcessId()) + L".reg";
+    const ProgramRun packed =
+        RunProgram(HMI_TOOL, {"pack", "--keep-rejected", "--printer-key", name, kSources, Utf8(file)});
     ASSERT_EQ(packed.status, 0) << packed.output;
-    const std::wstring import = L"regedit /s " + std::wstring(file.begin(), file.end());
-    EXPECT_EQ(_wsystem(import.c_str()), 0);
-    std::remove(file.c_str());
+    EXPECT_EQ(_wsystem((L"regedit /s \"" + file + L"\"").c_str()), 0);
+    EXPECT_EQ(_wremove(file.c_str()), 0);
     ExpectSampleMedia(printer);
 }
 #endif

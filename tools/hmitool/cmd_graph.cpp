@@ -5,7 +5,6 @@
 // branch" node when nothing does. --svg FILE renders it with Graphviz's dot; --json gives the nodes
 // and edges instead: {"medium", "nodes": [{"id", "kind", "name", "level", "branch"}],
 // "edges": [{"from", "to", "value", "all", "default"}]}.
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -13,17 +12,12 @@
 #include <tuple>
 #include <vector>
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
 
 #include "cascade_walk.h"
 #include "command.h"
 #include "json_output.h"
 #include "media_source.h"
+#include "program_pipe.h"
 
 namespace hmitool {
 namespace {
@@ -142,76 +136,19 @@ Json GraphJson(const GraphBuilder& graph, const std::string& mediaId) {
     return {{"medium", mediaId}, {"nodes", nodes}, {"edges", edges}};
 }
 
-#ifdef _WIN32
-const char kPathSeparator = ';';
-const char kDotProgram[] = "dot.exe";
-std::string PathVariable() {
-    const wchar_t* path = _wgetenv(L"PATH");
-    return path ? Narrow(path) : "";
-}
-bool Executable(const std::string& path) { return _waccess(Widen(path).c_str(), 0) == 0; }
-// cmd /c strips the first and the last quote of a command that starts with one: an extra pair keeps
-// the quotes around dot's path and the file.
-std::string ShellCommand(const std::string& command) { return "\"" + command + "\""; }
-std::string ShellQuoted(const std::string& text) { return "\"" + text + "\""; }
-FILE* OpenPipe(const std::string& command) { return _wpopen(Widen(command).c_str(), L"wb"); }
-int ClosePipe(FILE* pipe) { return _pclose(pipe); }
-#else
-const char kPathSeparator = ':';
-const char kDotProgram[] = "dot";
-std::string PathVariable() {
-    const char* path = std::getenv("PATH");
-    return path ? path : "";
-}
-bool Executable(const std::string& path) { return access(path.c_str(), X_OK) == 0; }
-std::string ShellCommand(const std::string& command) { return command; }
-std::string ShellQuoted(const std::string& text) {
-    std::string quoted = "'";
-    for (char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return quoted + "'";
-}
-// Writing into a pipe dot has closed then fails instead of ending the tool; dot's status says why.
-FILE* OpenPipe(const std::string& command) {
-    std::signal(SIGPIPE, SIG_IGN);
-    return popen(command.c_str(), "w");
-}
-// The exit status, or 128 + the signal that ended dot.
-int ClosePipe(FILE* pipe) {
-    const int status = pclose(pipe);
-    if (status == -1) return -1;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-}
-#endif
-
-// Graphviz's dot as found on PATH; empty when it is not there.
-std::string FindDot() {
-    const std::string directories = PathVariable();
-    for (size_t start = 0; start <= directories.size();) {
-        size_t end = directories.find(kPathSeparator, start);
-        if (end == std::string::npos) end = directories.size();
-        const std::string directory = directories.substr(start, end - start);
-        const std::string candidate = (directory.empty() ? "." : directory) + "/" + kDotProgram;
-        if (Executable(candidate)) return candidate;
-        start = end + 1;
-    }
-    return "";
-}
-
 int RenderSvg(const std::string& dotText, const std::string& file) {
-    const std::string dot = FindDot();
+    const std::string dot = FindOnPath("dot");
     if (dot.empty()) {
         std::fputs("hmitool: --svg needs Graphviz's dot: install it (apt-get install graphviz; on Windows "
                    "https://graphviz.org/download/)\n",
                    stderr);
         return kUnreadable;
     }
-    FILE* const pipe = OpenPipe(ShellCommand(ShellQuoted(dot) + " -Tsvg -o " + ShellQuoted(file)));
-    if (!pipe) {
+    const int status = RunWithInput(dot, {"-Tsvg", "-o", file}, dotText);
+    if (status == -1) {
         std::fprintf(stderr, "hmitool: cannot run %s\n", dot.c_str());
         return kUnreadable;
     }
-    std::fwrite(dotText.data(), 1, dotText.size(), pipe);
-    const int status = ClosePipe(pipe);
     if (status != 0) {
         std::fprintf(stderr, "hmitool: %s failed with status %d\n", dot.c_str(), status);
         return kUnreadable;
