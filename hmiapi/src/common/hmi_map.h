@@ -1,5 +1,6 @@
-// HMIXMLMap: the library's one keyed container. Unique keys, the first entry for a key stays; values
-// are pointers it does not own. String keys point into the objects they index.
+// HMIXMLMap: the library's keyed container (HMIXMLSmallMap keeps its contract for a level's few
+// entries). Unique keys, the first entry for a key stays; values are pointers it does not own. String
+// keys point into the objects they index.
 #ifndef HMI_COMMON_MAP_H
 #define HMI_COMMON_MAP_H
 
