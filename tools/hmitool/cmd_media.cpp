@@ -13,12 +13,6 @@
 namespace hmitool {
 namespace {
 
-std::string Hex8(DWORD number) {
-    char text[9];
-    std::snprintf(text, sizeof text, "%08X", static_cast<unsigned>(number));
-    return text;
-}
-
 void PrintText(const _tagHMICommonInfo& info, const std::vector<WString>& ids, const MediaSource& source) {
     std::printf("format version  %g\n", static_cast<double>(info.db_format_ver));
     std::printf("product id      %s\n", Narrow(info.product_id, 9).c_str());

@@ -26,9 +26,10 @@ int RunPack(const std::vector<std::string>& args, const Options& options) {
     const std::string origin = std::filesystem::u8path(sources).lexically_normal().filename().u8string();
     const std::string comment = "Made by hmitool pack from " + (origin.empty() ? sources : origin) +
                                 "; edit the sources and pack again instead of this file.";
+    const WString keyPrefix = options.printerKey.empty() ? WString() : PrinterRegistryKey(options.printerKey);
     std::string error;
     const bool written = IsStoreFileName(store)
-                             ? WriteFileReplacing(store, RegFileBytes(packed.image, options.printerKey.empty() ? WString() : PrinterRegistryKey(options.printerKey), comment), &error)
+                             ? WriteFileReplacing(store, RegFileBytes(packed.image, keyPrefix, comment), &error)
                              : WritePrinterStore(store, packed.image, comment, &error);
     if (!written) {
         std::fprintf(stderr, "hmitool: %s\n", error.c_str());

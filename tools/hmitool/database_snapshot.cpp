@@ -12,12 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Hex8(DWORD number) {
-    char text[9];
-    std::snprintf(text, sizeof text, "%08X", static_cast<unsigned>(number));
-    return text;
-}
-
 // A level's step in a path: the value asked, with its level's name where the value alone is unclear.
 std::string Step(const std::string& kind, const std::string& name) {
     if (kind == "borderlessprint") return "borderless " + name;

@@ -11,13 +11,12 @@
 #include "database_entries.h"
 #include "media_file.h"
 #include "media_source.h"
+#include "printerdata/printer_data_read.h"
 
 namespace hmitool {
 namespace {
 
 namespace fs = std::filesystem;
-
-const WCHAR kMediaKey[] = HMI_W("PrinterDriverData\\Media");
 
 bool ReadBytes(const fs::path& path, std::string* bytes) {
     std::error_code error;
@@ -77,7 +76,7 @@ private:
 
     void PackDatabase(const MediaSource& source, const std::vector<DatabaseEntry>& entries, const WString* common) {
         const std::string database = File("database.xml");
-        StoreKey media{kMediaKey, {}};
+        StoreKey media{HMI_MEDIA_KEY, {}};
         media.Text(HMI_W("db_format_ver"), common[0]);
         media.Text(HMI_W("product_id"), common[1]);
         media.Text(HMI_W("pop-db-time"), common[2]);
@@ -103,7 +102,7 @@ private:
                 Error(database, where + ": media_number " + Narrow(entry.number.c_str()) + " is used twice");
             } else {
                 const WString number = AsciiUpper(entry.number);
-                media.Text(Listed(i), number);
+                media.Text(ListValueName(i), number);
                 PackMedium(source, entry, number, valid, visible, &mediaKeys);
             }
         }
@@ -112,15 +111,10 @@ private:
         result_.media = entries.size();
     }
 
-    static WString Listed(size_t index) {
-        std::string name = std::to_string(index);
-        return Widen(std::string(name.size() < 3 ? 3 - name.size() : 0, '0') + name);
-    }
-
     void PackMedium(const MediaSource& source, const DatabaseEntry& entry, const WString& number, uint32_t valid,
                     uint32_t visible, StoreImage* keys) {
         const std::string id = Narrow(entry.id.c_str());
-        const WString key = WString(kMediaKey) + HMI_W("\\") + number;
+        const WString key = WString(HMI_MEDIA_KEY) + HMI_W("\\") + number;
         StoreKey header{key, {}};
         header.Text(HMI_W("id"), entry.id);
         header.Dword(HMI_W("valid"), valid);
@@ -160,7 +154,7 @@ private:
         for (size_t i = 0; i < count; ++i) {
             const auto begin = text.begin() + static_cast<std::ptrdiff_t>(i * settings_.chunkBytes);
             const auto end = text.begin() + static_cast<std::ptrdiff_t>(std::min(text.size(), (i + 1) * settings_.chunkBytes));
-            key->Binary(Listed(i), std::vector<uint8_t>(begin, end));
+            key->Binary(ListValueName(i), std::vector<uint8_t>(begin, end));
         }
         result_.chunks += count;
         return true;
@@ -205,16 +199,15 @@ bool DocumentUtf16(const std::string& bytes, std::vector<uint8_t>* utf16, std::s
             *error = "UTF-16 text ends in the middle of a character";
             return false;
         }
-        for (size_t i = 2; i < bytes.size(); i += 2) {
-            text += static_cast<WCHAR>(static_cast<uint8_t>(bytes[i]) | static_cast<uint8_t>(bytes[i + 1]) << 8);
-        }
+        text = FromUtf16Le(reinterpret_cast<const uint8_t*>(bytes.data()) + 2, bytes.size() / 2 - 1);
     } else {
         const bool bom = bytes.compare(0, 3, "\xEF\xBB\xBF") == 0;
         const std::string utf8 = bytes.substr(bom ? 3 : 0);
         std::smatch declared;
         static const std::regex kEncoding(R"(^<\?xml[^>]*encoding\s*=\s*["']([^"']*)["'])", std::regex::icase);
+        static const std::regex kUtf8("utf-?8", std::regex::icase);
         const std::string head = utf8.substr(0, 200);
-        if (std::regex_search(head, declared, kEncoding) && !std::regex_match(declared[1].str(), std::regex("utf-?8", std::regex::icase))) {
+        if (std::regex_search(head, declared, kEncoding) && !std::regex_match(declared[1].str(), kUtf8)) {
             *error = "encoding '" + declared[1].str() + "': pack takes UTF-8 or UTF-16 sources";
             return false;
         }
@@ -230,11 +223,8 @@ bool DocumentUtf16(const std::string& bytes, std::vector<uint8_t>* utf16, std::s
     if (std::regex_search(head, declaration, kDeclaration)) {
         text = Widen("<?xml version=\"1.0\" encoding=\"UTF-16\"?>") + text.substr(Widen(declaration[0].str()).size());
     }
-    utf16->clear();
-    for (WCHAR unit : text) {
-        utf16->push_back(static_cast<uint8_t>(unit & 0xFF));
-        utf16->push_back(static_cast<uint8_t>(static_cast<uint16_t>(unit) >> 8));
-    }
+    const std::string bytesLe = Utf16LeBytes(text);
+    utf16->assign(bytesLe.begin(), bytesLe.end());
     return true;
 }
 

@@ -8,24 +8,15 @@
 #include "database.h"
 #include "printerdata/printer_data_read.h"
 #include "printerdata/printer_data_values.h"
+#include "store_image.h"
 #include "stored_document.h"
 
 namespace hmitool {
 namespace {
 
-// A list index as its value name, "%03d".
-std::string ValueName(int64_t index) {
-    const std::string digits = std::to_string(index);
-    return std::string(digits.size() < 3 ? 3 - digits.size() : 0, '0') + digits;
-}
+std::string ValueName(int64_t index) { return Narrow(ListValueName(static_cast<size_t>(index)).c_str()); }
 
 std::string ListEntry(int64_t index) { return "list entry " + ValueName(index); }
-
-WString TextOf(const PRINTER_ENUM_VALUESW& value) {
-    const auto* text = reinterpret_cast<const WCHAR*>(value.pData);
-    WString out(text, value.cbData / sizeof(WCHAR));
-    return out.substr(0, out.find(WCHAR(0)));
-}
 
 class PrinterAuditor {
 public:
@@ -45,7 +36,7 @@ public:
                 DatabaseFinding(mediaKey, ListEntry(index) + " is beyond papertype_info_list (" + std::to_string(count) +
                                        "): not read");
             } else {
-                listed.emplace(index, TextOf(values.entries()[i]));
+                listed.emplace(index, StoredText(values.entries()[i]));
             }
         }
         for (DWORD i = 0; i < count; ++i) {

@@ -41,10 +41,8 @@ std::string ValueLine(const StoreValue& value) {
     const std::string name = ValueName(value.name);
     switch (value.type) {
         case kStoreText: {
-            const size_t units = value.data.size() / 2;
-            WString text;
-            for (size_t i = 0; i + 1 < units; ++i) text += static_cast<WCHAR>(value.data[2 * i] | value.data[2 * i + 1] << 8);
-            return name + "=" + Quoted(text) + "\r\n";
+            const size_t units = value.data.size() / 2;  // the last one is the terminator
+            return name + "=" + Quoted(FromUtf16Le(value.data.data(), units ? units - 1 : 0)) + "\r\n";
         }
         case kStoreDword: {
             char number[16];
@@ -68,12 +66,7 @@ std::string RegFileBytes(const StoreImage& image, const WString& keyPrefix, cons
         for (const StoreValue& value : key.values) text += ValueLine(value);
         text += "\r\n";
     }
-    std::string bytes = "\xFF\xFE";
-    for (WCHAR unit : Widen(text)) {
-        bytes += static_cast<char>(unit & 0xFF);
-        bytes += static_cast<char>(static_cast<uint16_t>(unit) >> 8);
-    }
-    return bytes;
+    return "\xFF\xFE" + Utf16LeBytes(Widen(text));
 }
 
 WString PrinterRegistryKey(const std::string& printerName) {

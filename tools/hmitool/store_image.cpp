@@ -1,15 +1,12 @@
 #include "store_image.h"
 
+#include <string>
+
 namespace hmitool {
 
 void StoreKey::Text(const WString& name, const WString& text) {
-    std::vector<uint8_t> data;
-    for (size_t i = 0; i <= text.size(); ++i) {
-        const auto unit = static_cast<uint16_t>(i < text.size() ? text[i] : 0);
-        data.push_back(static_cast<uint8_t>(unit & 0xFF));
-        data.push_back(static_cast<uint8_t>(unit >> 8));
-    }
-    values.push_back({name, kStoreText, std::move(data)});
+    const std::string bytes = Utf16LeBytes(text + WCHAR(0));  // with its terminator, as the spooler stores it
+    values.push_back({name, kStoreText, std::vector<uint8_t>(bytes.begin(), bytes.end())});
 }
 
 void StoreKey::Dword(const WString& name, uint32_t number) {
@@ -20,6 +17,16 @@ void StoreKey::Dword(const WString& name, uint32_t number) {
 
 void StoreKey::Binary(const WString& name, std::vector<uint8_t> data) {
     values.push_back({name, kStoreBinary, std::move(data)});
+}
+
+WString StoredText(const PRINTER_ENUM_VALUESW& value) {
+    const WString text = FromUtf16Le(value.pData, value.cbData / sizeof(WCHAR));
+    return text.substr(0, text.find(WCHAR(0)));
+}
+
+WString ListValueName(size_t index) {
+    const std::string digits = std::to_string(index);
+    return Widen(std::string(digits.size() < 3 ? 3 - digits.size() : 0, '0') + digits);
 }
 
 }  // namespace hmitool

@@ -29,6 +29,12 @@ struct StoreKey {
 
 using StoreImage = std::vector<StoreKey>;
 
+// A stored value's bytes as text, up to its first zero unit, whatever its type: as the library reads it.
+WString StoredText(const PRINTER_ENUM_VALUESW& value);
+
+// The value name of a numbered list's entry (list entries, document chunks): "%03d".
+WString ListValueName(size_t index);
+
 }  // namespace hmitool
 
 #endif

@@ -1,5 +1,7 @@
 #include "text.h"
 
+#include <cstdio>
+
 namespace hmitool {
 
 WString Widen(const std::string& utf8) {
@@ -24,6 +26,28 @@ WString Widen(const std::string& utf8) {
 
 WString AsciiUpper(WString text) {
     for (WCHAR& c : text) c = (c >= 'a' && c <= 'z') ? static_cast<WCHAR>(c - 'a' + 'A') : c;
+    return text;
+}
+
+std::string Utf16LeBytes(const WString& text) {
+    std::string bytes;
+    bytes.reserve(2 * text.size());
+    for (WCHAR unit : text) {
+        bytes += static_cast<char>(static_cast<uint16_t>(unit) & 0xFF);
+        bytes += static_cast<char>(static_cast<uint16_t>(unit) >> 8);
+    }
+    return bytes;
+}
+
+WString FromUtf16Le(const uint8_t* bytes, size_t units) {
+    WString text(units, 0);
+    for (size_t i = 0; i < units; ++i) text[i] = static_cast<WCHAR>(bytes[2 * i] | bytes[2 * i + 1] << 8);
+    return text;
+}
+
+std::string Hex8(DWORD number) {
+    char text[9];
+    std::snprintf(text, sizeof text, "%08X", static_cast<unsigned>(number));
     return text;
 }
 
