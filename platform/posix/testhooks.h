@@ -15,7 +15,9 @@ void HMITestForceCoInitializeResult(HRESULT hr);
 // Makes CoCreateInstance of the MSXML 6.0 document class fail with REGDB_E_CLASSNOTREG.
 void HMITestSetDocument60Available(bool available);
 
-// Number of DOM documents and BSTRs alive, so tests can see that nothing was left behind.
+// Number of DOM trees and parse errors alive (a node, list or document left alive keeps its tree),
+// and of BSTRs allocated less those freed on the calling thread, so tests can see that nothing was
+// left behind.
 long HMITestLiveDomObjects();
 long HMITestLiveBstrs();
 

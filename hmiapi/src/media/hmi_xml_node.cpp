@@ -27,6 +27,14 @@ bool Adopt(std::vector<HMIXMLNode*>& list, HMIXMLNode* node) noexcept {
     }
 }
 
+// Room for count nodes in one block rather than a growing one; when refused, the list grows as it goes.
+void Reserve(std::vector<HMIXMLNode*>& list, LONG count) noexcept {
+    try {
+        list.reserve(static_cast<size_t>(count));
+    } catch (const std::bad_alloc&) {
+    }
+}
+
 // A nameless node (a default namespace declaration under MSXML 3.0) is never found.
 HMIXMLNode* FindFirst(const std::vector<HMIXMLNode*>& list, const WCHAR* key) noexcept {
     if (!key) return nullptr;
@@ -152,6 +160,7 @@ bool HMIXMLNode::ParseAttributes(IXMLDOMNode* node) noexcept {
     if (!map) return true;
     LONG length = 0;
     if (FAILED(map->get_length(&length))) return DomFailure(this, HMI_W("IXMLDOMNamedNodeMap::get_length"));
+    Reserve(attributes, length);
     for (LONG i = 0; i < length; ++i) {
         HMIComPtr<IXMLDOMNode> item;
         if (FAILED(map->get_item(i, item.put()))) return DomFailure(this, HMI_W("IXMLDOMNamedNodeMap::get_item"));
@@ -173,6 +182,7 @@ bool HMIXMLNode::ParseChildren(IXMLDOMNode* node, const HMIXMLChildRegistry* reg
     if (!list) return true;
     LONG length = 0;
     if (FAILED(list->get_length(&length))) return DomFailure(this, HMI_W("IXMLDOMNodeList::get_length"));
+    if (length > 1) Reserve(children, length);  // a lone child is a value's text, not a node of the tree
     // Texts are not joined: the last text or CDATA child wins, so only its text is read.
     HMIComPtr<IXMLDOMNode> lastText;
     for (LONG i = 0; i < length; ++i) {

@@ -66,6 +66,11 @@ BSTR SysAllocStringLen(const WCHAR* text, uint32_t length);
 void SysFreeString(BSTR text);
 uint32_t SysStringLen(BSTR text);
 
+// The substitutes' own: a BSTR of length units whose characters the caller writes (only the
+// terminator is set), and a BSTR cut to a shorter length in place.
+BSTR HMIBstrWithRoom(uint32_t length);
+void HMIBstrCut(BSTR text, uint32_t length);
+
 extern const IID IID_IUnknown;
 extern const CLSID HMI_CLSID_DOMDocument60;
 extern const CLSID HMI_CLSID_DOMDocument30;

@@ -5,12 +5,14 @@ namespace {
 template <typename Interface>
 class DomList final : public ComObject<Interface> {
 public:
-    DomList(const NodeContext& context, NodeArray nodes) noexcept : context_(context), nodes_(nodes) {
+    // nodes.items is freed with the list unless it lies in the list's own block (inline).
+    DomList(const NodeContext& context, NodeArray nodes, bool inlineItems = false) noexcept
+        : context_(context), nodes_(nodes), inlineItems_(inlineItems) {
         context_.owner->AddRef();
         context_.tree->AddRef();
     }
     ~DomList() override {
-        HMIComFree(nodes_.items);
+        if (!inlineItems_) HMIComFree(nodes_.items);
         context_.tree->Release();
         context_.owner->Release();
     }
@@ -33,6 +35,7 @@ public:
 private:
     NodeContext context_;
     NodeArray nodes_;
+    bool inlineItems_;
 };
 
 template <>
@@ -89,6 +92,21 @@ HRESULT HMIMakeNodeList(const NodeContext& from, NodeArray nodes, IXMLDOMNodeLis
 
 HRESULT HMIMakeNamedNodeMap(const NodeContext& from, NodeArray nodes, IXMLDOMNamedNodeMap** out) {
     return MakeList(from, nodes, out);
+}
+
+HRESULT HMIMakeChildList(const NodeContext& from, xmlNodePtr first, IXMLDOMNodeList** out) {
+    using List = DomList<IXMLDOMNodeList>;
+    LONG count = 0;
+    for (xmlNodePtr child = first; child; child = child->next) ++count;
+    if (count >= (1 << 29)) return E_OUTOFMEMORY;
+    // The references follow the list object in its own block: one allocation per list.
+    constexpr size_t kItemsAt = (sizeof(List) + alignof(NodeRef) - 1) / alignof(NodeRef) * alignof(NodeRef);
+    void* block = HMIComAlloc(kItemsAt + sizeof(NodeRef) * static_cast<size_t>(count));
+    if (!block) return E_OUTOFMEMORY;
+    NodeArray children{reinterpret_cast<NodeRef*>(static_cast<char*>(block) + kItemsAt), 0};
+    for (xmlNodePtr child = first; child; child = child->next) HMIPutNode(&children, {NodeKind::Tree, child, nullptr});
+    *out = new (block) List(from, children, true);
+    return S_OK;
 }
 
 bool HMISizeNodes(NodeArray* nodes, LONG count) {

@@ -8,6 +8,9 @@
 HRESULT HMIMakeNodeList(const NodeContext& from, NodeArray nodes, IXMLDOMNodeList** out);
 HRESULT HMIMakeNamedNodeMap(const NodeContext& from, NodeArray nodes, IXMLDOMNamedNodeMap** out);
 
+// A list of first and its following siblings, held in the list object's own block.
+HRESULT HMIMakeChildList(const NodeContext& from, xmlNodePtr first, IXMLDOMNodeList** out);
+
 // Appends one reference, growing the array; false when memory runs out.
 bool HMIAppendNode(NodeArray* nodes, const NodeRef& ref);
 

@@ -1,4 +1,6 @@
-// Reference counting shared by all DOM objects, on the substitute's allocator.
+// Reference counting shared by all DOM objects, on the substitute's allocator. Counts are plain
+// integers: as with MSXML's rental-threaded documents, a document and every object handed out from it
+// are used by one thread at a time, and a parse makes thousands of them.
 #ifndef HMI_POSIX_MSXML_DOM_OBJECT_H
 #define HMI_POSIX_MSXML_DOM_OBJECT_H
 
@@ -6,6 +8,8 @@
 #include "posix/com/allocation.h"
 #include "posix/msxml/msxml.h"
 
+// Trees and parse-error objects alive, for the tests: a node, list or document left alive keeps its
+// tree, so only these few objects are counted, not each node.
 inline std::atomic<long> hmiLiveDomObjects{0};
 
 template <typename Interface>
@@ -17,10 +21,10 @@ public:
         if (left == 0) HMIComDelete(this);
         return left;
     }
-    virtual ~ComObject() { --hmiLiveDomObjects; }
+    virtual ~ComObject() = default;
 
 protected:
-    ComObject() noexcept { ++hmiLiveDomObjects; }
+    ComObject() noexcept = default;
 
     // Answers IUnknown and the listed interfaces, all reached through this one object.
     HRESULT Answer(REFIID riid, void** object, std::initializer_list<const IID*> ids) {
@@ -35,7 +39,7 @@ protected:
     }
 
 private:
-    std::atomic<ULONG> refs_{1};
+    ULONG refs_ = 1;
 };
 
 #endif

@@ -7,7 +7,8 @@
 
 class DomParseError final : public ComObject<IXMLDOMParseError> {
 public:
-    explicit DomParseError(const ParseFailure& failure) noexcept : failure_(failure) {}
+    explicit DomParseError(const ParseFailure& failure) noexcept : failure_(failure) { ++hmiLiveDomObjects; }
+    ~DomParseError() override { --hmiLiveDomObjects; }
 
     HRESULT QueryInterface(REFIID riid, void** object) override { return Answer(riid, object, {&IID_IXMLDOMParseError}); }
     // E_FAIL for every failure: the substitute does not reproduce MSXML's particular codes.

@@ -83,25 +83,16 @@ HRESULT HMINodeType(const NodeContext& node, DOMNodeType* type) {
 HRESULT HMINodeChildren(const NodeContext& node, IXMLDOMNodeList** list) {
     if (!list) return E_INVALIDARG;
     *list = nullptr;
-    NodeArray children;
     const NodeRef& ref = node.ref;
-    bool ok = true;
     if (ref.kind == NodeKind::NamespaceDeclaration) {
-        ok = HMIAppendNode(&children, {NodeKind::NamespaceValue, ref.node, ref.ns});
-    } else if (ref.kind == NodeKind::Tree) {
-        xmlElementType type = ref.node->type;
-        bool hasChildren = type == XML_ELEMENT_NODE || type == XML_ATTRIBUTE_NODE || type == XML_DOCUMENT_NODE;
-        LONG count = 0;
-        for (xmlNodePtr child = hasChildren ? ref.node->children : nullptr; child; child = child->next) ++count;
-        ok = HMISizeNodes(&children, count);
-        for (xmlNodePtr child = hasChildren && ok ? ref.node->children : nullptr; child; child = child->next)
-            HMIPutNode(&children, {NodeKind::Tree, child, nullptr});
+        NodeArray children;
+        if (!HMIAppendNode(&children, {NodeKind::NamespaceValue, ref.node, ref.ns})) return E_OUTOFMEMORY;
+        return HMIMakeNodeList(node, children, list);
     }
-    if (!ok) {
-        HMIComFree(children.items);
-        return E_OUTOFMEMORY;
-    }
-    return HMIMakeNodeList(node, children, list);
+    xmlElementType type = ref.node->type;
+    bool hasChildren = ref.kind == NodeKind::Tree &&
+                       (type == XML_ELEMENT_NODE || type == XML_ATTRIBUTE_NODE || type == XML_DOCUMENT_NODE);
+    return HMIMakeChildList(node, hasChildren ? ref.node->children : nullptr, list);
 }
 
 HRESULT HMINodeAttributes(const NodeContext& node, IXMLDOMNamedNodeMap** map) {

@@ -112,6 +112,19 @@ bool SpacePreserved(xmlNodePtr element) {
     return false;
 }
 
+// One piece of text in a BSTR of its own, its ends trimmed when asked: what TextBuilder makes of a
+// single piece, without its buffer.
+BSTR PieceText(const xmlChar* piece, bool trim) {
+    BSTR text = HMIBstrFromUtf8(piece);
+    if (!text || !trim) return text;
+    uint32_t begin = 0, end = SysStringLen(text);
+    while (begin < end && IsSpace(text[begin])) ++begin;
+    while (end > begin && IsSpace(text[end - 1])) --end;
+    if (begin > 0) std::memmove(text, text + begin, (end - begin) * sizeof(WCHAR));
+    HMIBstrCut(text, end - begin);
+    return text;
+}
+
 }  // namespace
 
 BSTR HMIElementText(xmlNodePtr elementOrDocument) {
@@ -121,16 +134,13 @@ BSTR HMIElementText(xmlNodePtr elementOrDocument) {
 }
 
 BSTR HMILeafText(xmlNodePtr node) {
-    TextBuilder text;
     switch (node->type) {
-    case XML_TEXT_NODE:
-        text.Text(node->content);
-        return text.Finish(!SpacePreserved(node->parent));
-    case XML_ATTRIBUTE_NODE:
+    case XML_TEXT_NODE: return PieceText(node->content, !SpacePreserved(node->parent));
+    case XML_ATTRIBUTE_NODE: {
+        TextBuilder text;
         for (xmlNodePtr part = node->children; part; part = part->next) AddLeaf(part, &text);
         return text.Finish(false);
-    default:
-        text.Text(node->content);
-        return text.Finish(false);
+    }
+    default: return PieceText(node->content, false);
     }
 }

@@ -1,6 +1,9 @@
 #include "posix/msxml/utf.h"
 
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 #include "posix/com/allocation.h"
 
 namespace {
@@ -25,6 +28,30 @@ size_t Decode(const unsigned char* s, size_t left, uint32_t* cp) {
     return n;
 }
 
+// Copies the run of ASCII units that starts at p, as bytes, eight units at a time while the vector
+// unit allows; returns where the run's copy stopped (the units left go one by one).
+const WCHAR* CopyAsciiBlocks(const WCHAR* p, const WCHAR* end, unsigned char** o) {
+#if defined(__SSE2__)
+    const __m128i high = _mm_set1_epi16(static_cast<short>(0xFF80));
+    while (p + 8 <= end) {
+        const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi16(_mm_and_si128(units, high), _mm_setzero_si128())) != 0xFFFF) break;
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(*o), _mm_packus_epi16(units, units));
+        *o += 8;
+        p += 8;
+    }
+#endif
+    while (p + 4 <= end) {
+        uint64_t block;
+        std::memcpy(&block, p, sizeof block);
+        if (block & 0xFF80FF80FF80FF80u) break;
+        for (int k = 0; k < 4; ++k) (*o)[k] = static_cast<unsigned char>(block >> (16 * k));
+        *o += 4;
+        p += 4;
+    }
+    return p;
+}
+
 bool IsPair(const WCHAR* p) { return p[0] >= 0xD800 && p[0] <= 0xDBFF && p[1] >= 0xDC00 && p[1] <= 0xDFFF; }
 
 }  // namespace
@@ -39,15 +66,7 @@ char* HMIUtf16ToUtf8(const WCHAR* text, size_t* length) {
     if (!out) return nullptr;
     auto* o = reinterpret_cast<unsigned char*>(out);
     for (const WCHAR* p = text; *p; ++p) {
-        // Runs of ASCII, four units at a time; the last units before the terminator go one by one.
-        while (p + 4 <= text + units) {
-            uint64_t block;
-            std::memcpy(&block, p, sizeof block);
-            if (block & 0xFF80FF80FF80FF80u) break;
-            for (int k = 0; k < 4; ++k) o[k] = static_cast<unsigned char>(block >> (16 * k));
-            o += 4;
-            p += 4;
-        }
+        p = CopyAsciiBlocks(p, text + units, &o);
         if (!*p) break;
         uint32_t c = *p;
         if (c < 0x80) {
@@ -111,10 +130,11 @@ WCHAR* HMIUtf8ToUtf16(const unsigned char* text, size_t length, WCHAR* out) {
 }
 
 BSTR HMIBstrFromUtf8(const unsigned char* text) {
+    // A byte makes at most one unit, so the byte count is room enough; the length is then cut to the
+    // units made.
     size_t bytes = text ? std::strlen(reinterpret_cast<const char*>(text)) : 0;
-    size_t units = HMIUtf16Length(text, bytes);
-    if (units > UINT32_MAX / 4) return nullptr;
-    BSTR result = SysAllocStringLen(nullptr, static_cast<uint32_t>(units));
-    if (result) HMIUtf8ToUtf16(text, bytes, result);
+    if (bytes > UINT32_MAX / 4) return nullptr;
+    BSTR result = HMIBstrWithRoom(static_cast<uint32_t>(bytes));
+    if (result) HMIBstrCut(result, static_cast<uint32_t>(HMIUtf8ToUtf16(text, bytes, result) - result));
     return result;
 }
