@@ -2,6 +2,7 @@
 // records byte for byte, media that fail without being cached, and null arguments.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <type_traits>
@@ -73,6 +74,28 @@ TEST_F(MediaQueries, CachedDetailIsReturnedWithoutReadingThePrinterAgain) {
     EXPECT_EQ(Media("Full"), full);
     EXPECT_TRUE(HasFullInfo("Full"));
     EXPECT_EQ(Media("Cascade"), nullptr);
+}
+
+// The id is read afresh on every call: one caller buffer, rewritten between calls, names each medium in
+// turn, and an id that only begins with the medium found last (or is that id cut short) is another.
+TEST_F(MediaQueries, RewrittenIdBufferNamesEachMediumInTurn) {
+    WCHAR buffer[80] = {};
+    const auto filter = [&](const std::string& id) {
+        const WString wide = W(id);
+        std::copy(wide.c_str(), wide.c_str() + wide.size() + 1, buffer);
+        return HMIFilterMedia(access, buffer);
+    };
+    HMIXMLMediaDetail* full = filter("Full");
+    HMIXMLMediaDetail* lower = filter("full");
+    ASSERT_TRUE(full && lower && full != lower);
+    EXPECT_EQ(filter("Full"), full);
+    EXPECT_EQ(filter("FullX"), nullptr);
+    EXPECT_EQ(filter("Ful"), nullptr);
+    EXPECT_EQ(filter("full"), lower);
+    HMIXMLMediaDetail* longest = filter(kId64);
+    EXPECT_NE(longest, nullptr);
+    EXPECT_EQ(filter(kId64 + "X"), nullptr);
+    EXPECT_EQ(filter(kId64), longest);
 }
 
 // Every chain of filters and its Direct form give the same node; -1 marks no node.

@@ -9,8 +9,24 @@
 class HMIPopHeader;
 class HMIXMLMediaDetail;
 
-// Keys are the ids inside the cached details' own records; the map owns nothing.
-class HMIXMLMediaDetailDic final : public HMIXMLMap<const WCHAR*, const HMIXMLMediaDetail*, 0, HMIStrLess> {};
+// Keys are the ids inside the cached details' own records; the map owns nothing. The medium found last
+// is tried first, since a caller asks for one medium many times in a row; a handle is used by one
+// thread at a time, so the const lookup may note it.
+class HMIXMLMediaDetailDic final : public HMIXMLMap<const WCHAR*, const HMIXMLMediaDetail*, 0, HMIStrLess> {
+public:
+    const HMIXMLMediaDetail* Find(const WCHAR* id) const noexcept override {
+        if (recentId && lstrcmpW(recentId, id) == 0) return recent;
+        auto it = this->find(id);
+        if (it == this->end()) return nullptr;
+        recentId = it->first;
+        recent = it->second;
+        return recent;
+    }
+
+private:
+    mutable const WCHAR* recentId = nullptr;
+    mutable const HMIXMLMediaDetail* recent = nullptr;
+};
 
 // Deletes every cached detail, then the cache.
 void HMIDestroyMediaDetailDic(HMIXMLMediaDetailDic* cache) noexcept;
