@@ -4,6 +4,7 @@
 //   types          WCHAR, BOOL, DWORD, LONG, ULONG, HRESULT, HANDLE, BSTR, VARIANT, VARIANT_BOOL, GUID
 //   text           HMI_W("literal"), wcstoul, wcstol, _wtol, _wcstoui64, _vscwprintf,
 //                  _vsnwprintf (wide %s), lstrcmpW
+//   heap           HMISettleHeap (ours): freed small blocks sorted out now, not in a later allocation
 //   spooler        GetPrinterDataExW, EnumPrinterDataExW, PRINTER_ENUM_VALUESW
 //   COM            CoInitialize, CoUninitialize, CoCreateInstance, SysAllocString, SysFreeString
 //   DOM            IXMLDOMDocument2, IXMLDOMNode, IXMLDOMNodeList, IXMLDOMNamedNodeMap,

@@ -15,6 +15,9 @@
 #define HMI_W_(s) L##s
 #define HMI_W(s) HMI_W_(s)
 
+// The Windows heap merges freed blocks as they are freed: nothing is left for a later allocation.
+inline void HMISettleHeap() noexcept {}
+
 extern const CLSID HMI_CLSID_DOMDocument60;
 extern const CLSID HMI_CLSID_DOMDocument30;
 extern const IID HMI_IID_IXMLDOMDocument2;

@@ -54,7 +54,9 @@ HMIXMLMediaDetail* HMIFilterMediaFile(HMIAccess* access, const WCHAR* mediaId, c
 
 void HMICloseMediaFile(HMIAccess* access, HMIXMLMediaDetail* detail) {
     HMIGuarded<int>(0, [&] {
-        if (access) delete detail;
+        if (!access || !detail) return 0;
+        delete detail;
+        HMISettleHeap();
         return 0;
     });
 }

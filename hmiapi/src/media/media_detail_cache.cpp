@@ -26,6 +26,7 @@ void HMIDestroyMediaDetailDic(HMIXMLMediaDetailDic* cache) noexcept {
     if (!cache) return;
     for (auto& entry : *cache) delete entry.second;
     delete cache;
+    HMISettleHeap();
 }
 
 HMIXMLMediaDetail* HMIFindOrLoadDetail(HMIXMLMediaDetailDic& cache, const HMIPopHeader& database, HANDLE printer,

@@ -114,11 +114,10 @@ void HMIPopHeader::LoadEntry(HANDLE printer, const WCHAR* numberText) {
     header->visible = visible != 0;
     header->media_number = number;
 
+    const size_t known = headerMap.size();
     if (!headerMap.Insert(header->id, header.get())) return;
     // An id already present keeps its first header; this one is only listed.
-    if (headerMap.Find(header->id) == header.get()) {
-        header.release();
-    }
+    if (headerMap.size() > known) header.release();
     HMIBoundedCopy(availableMedia->ids[availableMedia->count], 65, id);
     ++availableMedia->count;
 }

@@ -32,4 +32,8 @@ int _vsnwprintf(WCHAR* buffer, size_t count, const WCHAR* format, va_list args);
 // Case-sensitive comparison in code-unit order: negative, 0 or positive; null sorts before any string.
 int lstrcmpW(const WCHAR* a, const WCHAR* b);
 
+// Called after a large structure of small blocks was freed, so that the allocator sorts those blocks
+// out in that call rather than in the caller's next large allocation.
+void HMISettleHeap() noexcept;
+
 #endif

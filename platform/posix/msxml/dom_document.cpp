@@ -48,8 +48,8 @@ NodeContext DomDocument::Context() {
 // Loading is always synchronous, which is what either answer asks for when the call returns.
 HRESULT DomDocument::put_async(VARIANT_BOOL) { return S_OK; }
 
-HRESULT DomDocument::Finish(xmlDocPtr doc, VARIANT_BOOL* isSuccessful) {
-    if (DomTree* tree = DomTree::Create(doc, version_)) {
+HRESULT DomDocument::Finish(xmlDocPtr doc, size_t textBytes, VARIANT_BOOL* isSuccessful) {
+    if (DomTree* tree = DomTree::Create(doc, version_, textBytes)) {
         tree_->Release();
         tree_ = tree;
     } else {
@@ -65,10 +65,11 @@ HRESULT DomDocument::load(VARIANT source, VARIANT_BOOL* isSuccessful) {
     bool named = source.vt == VT_BSTR && source.bstrVal;
     char* location = named ? HMIUtf16ToUtf8(source.bstrVal, nullptr) : nullptr;
     failure_ = ParseFailure{};
-    xmlDocPtr doc = location ? HMIParseFile(location, version_, &failure_) : nullptr;
+    size_t bytes = 0;
+    xmlDocPtr doc = location ? HMIParseFile(location, version_, &failure_, &bytes) : nullptr;
     if (!location) failure_ = {true, 0, 0, "no file named"};
     HMIComFree(location);
-    return Finish(doc, isSuccessful);
+    return Finish(doc, bytes, isSuccessful);
 }
 
 HRESULT DomDocument::loadXML(BSTR text, VARIANT_BOOL* isSuccessful) {
@@ -79,7 +80,7 @@ HRESULT DomDocument::loadXML(BSTR text, VARIANT_BOOL* isSuccessful) {
     xmlDocPtr doc = utf8 ? HMIParseText(utf8, length, version_, &failure_) : nullptr;
     if (!utf8) failure_ = {true, 0, 0, "no text"};
     HMIComFree(utf8);
-    return Finish(doc, isSuccessful);
+    return Finish(doc, length, isSuccessful);
 }
 
 HRESULT DomDocument::setProperty(BSTR name, VARIANT value) {

@@ -24,8 +24,9 @@ protected:
     NodeContext Context() override;
 
 private:
-    // Installs the parsed document, or an empty one when parsing failed, and answers as load does.
-    HRESULT Finish(xmlDocPtr doc, VARIANT_BOOL* isSuccessful);
+    // Installs the parsed document (of textBytes of UTF-8), or an empty one when parsing failed, and
+    // answers as load does.
+    HRESULT Finish(xmlDocPtr doc, size_t textBytes, VARIANT_BOOL* isSuccessful);
 
     DomTree* tree_;
     DomVersion version_;

@@ -3,7 +3,6 @@
 #ifndef HMI_POSIX_MSXML_DOM_TREE_H
 #define HMI_POSIX_MSXML_DOM_TREE_H
 
-#include <atomic>
 #include <cstdint>
 #include <libxml/tree.h>
 
@@ -17,21 +16,23 @@ inline uintptr_t HMISpaceMarks(const xmlNode* node) { return reinterpret_cast<ui
 
 class DomTree {
 public:
-    // Takes the document (null: a new empty one); null when memory runs out.
-    static DomTree* Create(xmlDocPtr doc, DomVersion version) noexcept;
+    // Takes the document (null: a new empty one) parsed from textBytes of UTF-8; null when memory runs
+    // out.
+    static DomTree* Create(xmlDocPtr doc, DomVersion version, size_t textBytes = 0) noexcept;
 
     void AddRef() noexcept { ++refs_; }
     void Release() noexcept;
     xmlDocPtr Doc() const noexcept { return doc_; }
     DomVersion Version() const noexcept { return version_; }
 
-    DomTree(xmlDocPtr doc, DomVersion version) noexcept : doc_(doc), version_(version) {}
+    DomTree(xmlDocPtr doc, DomVersion version, size_t textBytes) noexcept;
     ~DomTree();
 
 private:
-    std::atomic<long> refs_{1};
+    long refs_ = 1;  // one thread at a time, as every DOM object's count
     xmlDocPtr doc_;
     DomVersion version_;
+    bool large_;  // freeing it leaves enough small blocks to settle the heap for
 };
 
 #endif

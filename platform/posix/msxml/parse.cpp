@@ -240,7 +240,7 @@ xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version, Pars
     return Parse(version, failure, [&](xmlParserCtxtPtr context) { return ReadUtf8(context, text, length, nullptr); });
 }
 
-xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* failure) {
+xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* failure, size_t* textBytes) {
     HMIXmlPrepareThread();
     char* path = LocalPath(location);
     if (!path || !*path) {
@@ -251,6 +251,7 @@ xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* f
     size_t length = 0;
     const char* reason = nullptr;
     char* text = HMIReadFileAsUtf8(path, &length, &reason);
+    *textBytes = length;
     xmlDocPtr doc = nullptr;
     if (!text) {
         Record(failure, 0, 0, reason);

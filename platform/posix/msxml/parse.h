@@ -22,6 +22,6 @@ struct ParseFailure {
 // UTF-8 text, any encoding declaration ignored; null when not loaded, with *failure filled.
 xmlDocPtr HMIParseText(const char* text, size_t length, DomVersion version, ParseFailure* failure);
 // A local path or file:// URL, encoding from BOM or declaration (see file_text.h); null when not loaded.
-xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* failure);
+xmlDocPtr HMIParseFile(const char* location, DomVersion version, ParseFailure* failure, size_t* textBytes);
 
 #endif

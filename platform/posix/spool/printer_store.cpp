@@ -44,13 +44,15 @@ bool StoreKey::Remove(std::u16string_view name) {
 PrinterStore::PrinterStore() { Create(std::u16string_view()); }
 
 const StoreKey* PrinterStore::Find(std::u16string_view path) const {
+    if (recentKey_ && recentKey_->path() == path) return recentKey_;
     auto it = lookup_.find(Folded(path));
-    return it == lookup_.end() ? nullptr : it->second;
+    if (it == lookup_.end()) return nullptr;
+    recentKey_ = it->second;
+    return recentKey_;
 }
 
 StoreKey* PrinterStore::Find(std::u16string_view path) {
-    auto it = lookup_.find(Folded(path));
-    return it == lookup_.end() ? nullptr : it->second;
+    return const_cast<StoreKey*>(static_cast<const PrinterStore&>(*this).Find(path));
 }
 
 std::vector<std::u16string> PrinterStore::Subkeys(std::u16string_view path) const {
@@ -81,6 +83,7 @@ StoreKey& PrinterStore::Create(std::u16string_view path) {
 }
 
 bool PrinterStore::Delete(std::u16string_view path) {
+    recentKey_ = nullptr;
     if (path.empty()) {
         lookup_.clear();
         keys_.clear();

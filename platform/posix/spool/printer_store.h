@@ -45,7 +45,8 @@ public:
     PrinterStore(const PrinterStore&) = delete;  // the lookup points into the keys
     PrinterStore& operator=(const PrinterStore&) = delete;
 
-    // Paths are canonical (NormalizeKeyPath); "" is the printer's own key, which always exists.
+    // Paths are canonical (NormalizeKeyPath); "" is the printer's own key, which always exists. The
+    // key found last is tried first: readers ask for several values of one key in a row.
     const StoreKey* Find(std::u16string_view path) const;
     StoreKey* Find(std::u16string_view path);
     // Creates the key and its missing ancestors.
@@ -61,6 +62,7 @@ public:
 private:
     std::map<std::u16string, StoreKey> keys_;  // folded path -> key, in order for listing and writing
     std::unordered_map<std::u16string, StoreKey*> lookup_;  // the same keys, for finding one
+    mutable StoreKey* recentKey_ = nullptr;  // found last; matched by its own spelling
 };
 
 // The registry's limit on key levels; it also bounds the work of creating a key's ancestors.
