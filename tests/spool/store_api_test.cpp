@@ -76,6 +76,38 @@ TEST_F(StoreApi, ChangedStoreIsWrittenReadablyAndReadsBackTheSame) {
     }
 }
 
+// A key of a few values is scanned and one of many is indexed: across the change, every value is found
+// under any case of its name (beyond ASCII too), is replaced in place and is deleted once.
+TEST_F(StoreApi, ValuesAreFoundByAnyCaseInKeysOfFewAndOfManyValues) {
+    const auto name = [](int i, bool upper) { return Text(upper ? u"V\u00C9" : u"v\u00E9") + Text(1, u'a' + i); };
+    const auto valueCount = [&](const Text& key) {
+        DWORD needed = 0, count = 0;
+        EnumPrinterDataExW(printer, key.c_str(), nullptr, 0, &needed, &count);
+        Bytes block(needed);
+        return EnumPrinterDataExW(printer, key.c_str(), block.data(), needed, &needed, &count) == 0 ? count : ~0u;
+    };
+    Bytes data;
+    for (int i = 0; i < 20; ++i) {
+        ASSERT_EQ(Set(printer, u"Many", name(i, false), REG_DWORD, DwordBytes(i)), 0u);
+        for (int j = 0; j <= i; ++j) {
+            ASSERT_TRUE(Read(printer, j % 2 ? u"MANY" : u"many", name(j, true), data) == 0 && data == DwordBytes(j))
+                << i << " values, value " << j;
+        }
+    }
+    ASSERT_EQ(Set(printer, u"Many", name(3, true), REG_DWORD, DwordBytes(33)), 0u);
+    EXPECT_EQ(valueCount(u"Many"), 20u) << "an existing name, in another case, is replaced";
+    ASSERT_EQ(DeletePrinterDataExW(printer, u"Many", name(3, true).c_str()), 0u);
+    EXPECT_EQ(Read(printer, u"Many", name(3, false), data), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(DeletePrinterDataExW(printer, u"Many", name(3, false).c_str()), ERROR_FILE_NOT_FOUND);
+    EXPECT_TRUE(Read(printer, u"Many", name(19, false), data) == 0 && data == DwordBytes(19));
+    EXPECT_EQ(valueCount(u"Many"), 19u);
+    // A key of few values, read between reads of another key, keeps its own.
+    ASSERT_EQ(Set(printer, u"Few", name(0, true), REG_DWORD, DwordBytes(100)), 0u);
+    EXPECT_TRUE(Read(printer, u"FEW", name(0, false), data) == 0 && data == DwordBytes(100));
+    EXPECT_TRUE(Read(printer, u"Many", name(0, false), data) == 0 && data == DwordBytes(0));
+    EXPECT_EQ(Read(printer, u"Few", name(1, false), data), ERROR_FILE_NOT_FOUND);
+}
+
 TEST_F(StoreApi, OnlyAChangedStoreIsReplacedKeepingItsPermissions) {
     ASSERT_EQ(chmod(path.c_str(), 0640), 0);
     const ino_t before = Stat(path).st_ino;

@@ -8,36 +8,68 @@
 
 namespace hmispool {
 
-const StoredValue* StoreKey::Find(std::u16string_view name) const {
+namespace {
+
+// A key of a medium holds a handful of values and is scanned; the media key holds one per medium and
+// is indexed from this many on.
+constexpr size_t kIndexFrom = 16;
+
+bool SameFolded(std::u16string_view a, std::u16string_view b) {
+    if (a.size() != b.size()) return false;
+    for (size_t i = 0; i < a.size(); ++i) {
+        if (a[i] != b[i] && FoldCase(a[i]) != FoldCase(b[i])) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+std::list<StoredValue>::const_iterator StoreKey::Locate(std::u16string_view name) const {
+    if (index_.empty()) {
+        return std::find_if(values_.begin(), values_.end(),
+                            [&](const StoredValue& value) { return SameFolded(value.name, name); });
+    }
     auto it = index_.find(Folded(name));
-    return it == index_.end() ? nullptr : &*it->second;
+    return it == index_.end() ? values_.end() : std::list<StoredValue>::const_iterator(it->second);
+}
+
+const StoredValue* StoreKey::Find(std::u16string_view name) const {
+    auto it = Locate(name);
+    return it == values_.end() ? nullptr : &*it;
 }
 
 bool StoreKey::Set(std::u16string_view name, DWORD type, std::vector<BYTE> data) {
-    std::u16string folded = Folded(name);
-    auto it = index_.find(folded);
-    if (it != index_.end()) {
-        StoredValue& value = *it->second;
+    auto found = Locate(name);
+    if (found != values_.end()) {
+        auto& value = const_cast<StoredValue&>(*found);
         if (value.type == type && value.data == data) return false;
         value.data = std::move(data);
         value.type = type;
         return true;
     }
     values_.push_back(StoredValue{std::u16string(name), type, std::move(data)});
-    try {
-        index_.emplace(std::move(folded), std::prev(values_.end()));
-    } catch (...) {
-        values_.pop_back();
-        throw;
+    if (!index_.empty()) {
+        try {
+            index_.emplace(Folded(name), std::prev(values_.end()));
+        } catch (...) {
+            values_.pop_back();
+            throw;
+        }
+    } else if (values_.size() >= kIndexFrom) {
+        try {
+            for (auto it = values_.begin(); it != values_.end(); ++it) index_.emplace(Folded(it->name), it);
+        } catch (...) {
+            index_.clear();  // scanned, as before, until a later value tries again
+        }
     }
     return true;
 }
 
 bool StoreKey::Remove(std::u16string_view name) {
-    auto it = index_.find(Folded(name));
-    if (it == index_.end()) return false;
-    values_.erase(it->second);
-    index_.erase(it);
+    auto found = Locate(name);
+    if (found == values_.end()) return false;
+    if (!index_.empty()) index_.erase(Folded(found->name));
+    values_.erase(found);
     return true;
 }
 

@@ -33,10 +33,13 @@ public:
     bool Remove(std::u16string_view name);
 
 private:
+    std::list<StoredValue>::const_iterator Locate(std::u16string_view name) const;
+
     std::u16string path_;
     // A list, so that removing a value neither shifts the others nor renumbers the index.
     std::list<StoredValue> values_;
-    std::unordered_map<std::u16string, std::list<StoredValue>::iterator> index_;  // folded name -> value
+    // Folded name -> value, for a key of many values; empty (the values are scanned) or complete.
+    std::unordered_map<std::u16string, std::list<StoredValue>::iterator> index_;
 };
 
 class PrinterStore {
