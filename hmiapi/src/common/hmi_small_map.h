@@ -39,9 +39,9 @@ public:
     void clear() noexcept { std::vector<Entry>().swap(entries_); }
 
 private:
+    // A scan: a dictionary holds a handful of entries, too few for a binary search to pay.
     typename std::vector<Entry>::const_iterator LowerBound(K key) const noexcept {
-        return std::lower_bound(entries_.begin(), entries_.end(), key,
-                                [](const Entry& entry, K k) { return entry.first < k; });
+        return std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) { return !(entry.first < key); });
     }
 
     std::vector<Entry> entries_;

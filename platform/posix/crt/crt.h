@@ -30,7 +30,13 @@ int _vscwprintf(const WCHAR* format, va_list args);
 int _vsnwprintf(WCHAR* buffer, size_t count, const WCHAR* format, va_list args);
 
 // Case-sensitive comparison in code-unit order: negative, 0 or positive; null sorts before any string.
-int lstrcmpW(const WCHAR* a, const WCHAR* b);
+// Inline: the cache and the tree's lookups compare ids and names on every query.
+inline int lstrcmpW(const WCHAR* a, const WCHAR* b) {
+    if (!a || !b) return (a ? 1 : 0) - (b ? 1 : 0);
+    for (; *a && *a == *b; ++a, ++b) {
+    }
+    return *a == *b ? 0 : (*a < *b ? -1 : 1);
+}
 
 // Called after a large structure of small blocks was freed, so that the allocator sorts those blocks
 // out in that call rather than in the caller's next large allocation.
