@@ -8,7 +8,7 @@ out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
 # The media queries' ratios are the medians of three repetitions: their times are short enough for a
 # neighbour's load to move one run.
-for bench in bench_tree_build bench_media_queries bench_scaling; do
+for bench in bench_tree_build bench_media_queries bench_scaling bench_media_export; do
     [ -x "$bin/$bench" ] || { echo "bench-report: $bin/$bench is missing (cmake --build --preset native)" >&2; exit 2; }
     repeat=()
     [ "$bench" = bench_media_queries ] && repeat=(--benchmark_repetitions=3 --benchmark_report_aggregates_only=true)
@@ -49,6 +49,8 @@ steps("OpenPerMedium", ["10", "100", "1000", "10000"], "ns_per_medium", "databas
 alloc = "AllocationAfterFreeingATree/{}/iterations:300/manual_time"
 row("64 KB allocation after freeing a 1 MB medium / before", get(alloc.format(1), "real_time") / get(alloc.format(0), "real_time"), 1.1)
 rows.append(("  (64 KB allocation after freeing a 1 MB medium, microseconds)", get(alloc.format(1), "real_time"), 0, "-"))
+row("libcups open and check of the sample's PPD / library answering the sample", get("BM_LibcupsOpensSamplePpd", "real_time") / get("BM_LibraryAnswersSample", "real_time"), 2.0)
+row("export of 1,000 media as PPD and IPP / every question asked once", get("BM_ExportPpdAndIpp/1000/iterations:3", "real_time") / get("BM_AskEveryQuestion/1000/iterations:3", "real_time"), 1.5)
 width = max(len(r[0]) for r in rows)
 print(f"{'goal':<{width}}  {'figure':>8}  {'limit':>6}  met")
 for goal, figure, limit, met in rows:

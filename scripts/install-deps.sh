@@ -5,7 +5,7 @@ set -euo pipefail
 # too: GoogleTest, Google Benchmark, Doxygen, the Windows cross toolchain and Wine.
 build=(cmake g++ make libxml2-dev pkg-config libcli11-dev nlohmann-json3-dev)
 tests=(graphviz googletest libgtest-dev libbenchmark-dev doxygen unzip llvm mingw-w64 g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix
-       wine wine64)
+       wine wine64 libcups2-dev cups-client cups-ipp-utils dbus avahi-daemon)
 packages=("${build[@]}")
 [ "${1:-all}" = build ] || packages+=("${tests[@]}")
 missing=()

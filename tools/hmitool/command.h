@@ -19,6 +19,7 @@ enum OptionSet : unsigned {
     kFromFilesOption = 2,      // --from-files DIR in place of the first argument, PRINTER
     kPackOptions = 4,          // --chunk-bytes N, --printer-key NAME, --keep-rejected
     kSvgOption = 8,            // --svg FILE
+    kExportOptions = 16,       // -o FILE, --lang LL, --quality-variant V, --strict, --strings DIR
 };
 
 struct Options {
@@ -29,6 +30,11 @@ struct Options {
     std::string printerKey;       // pack: write absolute key paths below this printer's registry key
     bool keepRejected = false;    // pack: store media whose document the library rejects
     std::string svgFile;          // graph: render to this file
+    std::string outputFile = "-";          // export: where the PPD or attributes go
+    std::string language = "en";           // export: the base language
+    std::string qualityVariant = "rgb";    // export: the quality list exported
+    bool strict = false;                   // export: a rejected medium fails the export
+    std::string stringsDirectory;          // export ipp: where the .strings files go
 };
 
 struct Command {

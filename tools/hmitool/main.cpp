@@ -51,10 +51,20 @@ bool ArgumentCountFits(const Command& command, size_t count) {
     return count >= required && count <= required + optional;
 }
 
-// The usage with its first word, PRINTER, given as --from-files DIR.
+// Where PRINTER stands among the usage words: the word so named, else the first.
+size_t PrinterPosition(const Command& command) {
+    const std::vector<std::string> words = UsageWords(command);
+    const auto at = std::find(words.begin(), words.end(), "PRINTER");
+    return at == words.end() ? 0 : static_cast<size_t>(at - words.begin());
+}
+
+// The usage with its PRINTER given as --from-files DIR.
 std::string FilesUsage(const Command& command) {
-    const char* rest = std::strchr(command.usage, ' ');
-    return std::string("--from-files DIR") + (rest ? rest : "");
+    std::vector<std::string> words = UsageWords(command);
+    words[PrinterPosition(command)] = "--from-files DIR";
+    std::string usage;
+    for (const std::string& word : words) usage += (usage.empty() ? "" : " ") + word;
+    return usage;
 }
 
 std::string CommandUsage(const Command& c) {
@@ -115,6 +125,17 @@ void DefineOptions(Invocation& in, Options& options) {
         sub.add_flag("--keep-rejected", options.keepRejected,
                      "store media whose document the library rejects (reported, not refused)");
     }
+    if (c.options & kExportOptions) {
+        sub.add_option("-o,--output", options.outputFile, "write to FILE ('-': standard output)")
+            ->type_name("FILE")
+            ->capture_default_str();
+        sub.add_option("--lang", options.language, "the base language of the texts")->capture_default_str();
+        sub.add_option("--quality-variant", options.qualityVariant, "the quality list exported: rgb, cmyk4d, cmyk1d, index")
+            ->capture_default_str();
+        sub.add_flag("--strict", options.strict, "exit 1 when a medium's document is rejected");
+        sub.add_option("--strings", options.stringsDirectory, "ipp: also write LANG.strings files of the media names into DIR")
+            ->type_name("DIR");
+    }
     if (c.options & kSvgOption) {
         sub.add_option("--svg", options.svgFile, "render the graph to FILE with Graphviz's dot")->type_name("FILE");
     }
@@ -133,7 +154,9 @@ int Run(const Invocation& in, Options& options) {
         if (in.positionals[i]->count()) args.push_back(*in.words[i]);
     }
     options.fromFiles = (c.options & kFromFilesOption) && in.app->count("--from-files") != 0;
-    if (options.fromFiles) args.insert(args.begin(), in.directory);
+    if (options.fromFiles) {
+        args.insert(args.begin() + static_cast<std::ptrdiff_t>(std::min(PrinterPosition(c), args.size())), in.directory);
+    }
     if (!ArgumentCountFits(c, args.size())) {
         PrintCommandUsage(c);
         return kUsage;
