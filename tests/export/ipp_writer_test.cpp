@@ -233,7 +233,10 @@ TEST(IppWriter, AttributesOfTwoMedia) {
         const std::string name = IppConflict(*constraints, job);
         if (name.empty()) return "";
         for (const IppValue& resolver : resolvers->values) {
-            if (resolver.members.size() == 2 && resolver.members[0].values[0].text == name) return Render(resolver.members[1]);
+            if (resolver.members.empty() || resolver.members[0].values[0].text != name) continue;
+            std::string sets;
+            for (size_t i = 1; i < resolver.members.size(); ++i) sets += (i > 1 ? " " : "") + Render(resolver.members[i]);
+            return sets;
         }
         return "no resolver " + name;
     };
@@ -241,25 +244,37 @@ TEST(IppWriter, AttributesOfTwoMedia) {
     const std::string plainA5 = "plain-paper disc 14800x21000 300";
     EXPECT_EQ(resolution(Job(glossyA4 + "300", "color", "proof", 4, "two-sided-short-edge", "photo")), "");
     EXPECT_EQ(resolution(Job(plainA5, "monochrome", "cad", 3, "two-sided-long-edge", "bk")), "");
-    EXPECT_EQ(resolution(Job(glossyA4 + "300", "color", "proof", 5, "one-sided", "photo")), "print-quality=4");
+    EXPECT_EQ(resolution(Job(glossyA4 + "300", "color", "proof", 5, "one-sided", "photo")),
+              "sides=two-sided-long-edge");
     EXPECT_EQ(resolution(Job(glossyA4 + "0", "color", "photo", 4, "one-sided", "photocolor")), "print-quality=5");
-    EXPECT_EQ(resolution(Job(glossyA4 + "0", "monochrome", "photo", 5, "one-sided", "photocolor")), "print-color-mode=color");
-    EXPECT_EQ(resolution(Job(glossyA4 + "0", "color", "proof", 4, "one-sided", "photo")), "xrvhmi-print-purpose=photo");
-    EXPECT_EQ(resolution(Job(glossyA4 + "0", "color", "photo", 5, "two-sided-long-edge", "photocolor")), "sides=one-sided");
+    EXPECT_EQ(resolution(Job(glossyA4 + "0", "monochrome", "photo", 5, "one-sided", "photocolor")),
+              "print-color-mode=color xrvhmi-print-purpose=photo sides=one-sided xrvhmi-cartridge=photocolor "
+              "print-quality=5");
+    EXPECT_EQ(resolution(Job(glossyA4 + "0", "color", "proof", 4, "one-sided", "photo")), "sides=two-sided-long-edge");
+    EXPECT_EQ(resolution(Job(glossyA4 + "0", "color", "photo", 5, "two-sided-long-edge", "photocolor")),
+              "sides=one-sided");
     EXPECT_EQ(resolution(Job(glossyA4 + "0", "color", "photo", 5, "one-sided", "bk")), "xrvhmi-cartridge=photocolor");
     EXPECT_EQ(resolution(Job(glossyA4 + "300", "color", "proof", 4, "two-sided-long-edge", "photocolor")),
               "xrvhmi-cartridge=bkcolor");
-    EXPECT_EQ(resolution(Job(glossyA4 + "300", "color", "proof", 4, "one-sided", "photo")), "sides=two-sided-long-edge");
+    EXPECT_EQ(resolution(Job(glossyA4 + "300", "color", "proof", 4, "one-sided", "photo")),
+              "sides=two-sided-long-edge");
     EXPECT_EQ(resolution(Job("photo-glossy-pro disc 21000x29700 0", "color", "photo", 5, "one-sided", "photocolor")),
               "media-col={media-source=main}");
     EXPECT_EQ(resolution(Job("photo-glossy-pro rear 21590x27940 0", "color", "photo", 5, "one-sided", "photocolor")),
-              "media-col={media-size={x-dimension=21000 y-dimension=29700}}");
+              "media-col={media-size={x-dimension=21000 y-dimension=29700} media-bottom-margin=0 "
+              "media-left-margin=0 media-right-margin=0 media-top-margin=0} print-color-mode=color "
+              "xrvhmi-print-purpose=photo sides=one-sided xrvhmi-cartridge=photocolor print-quality=5");
     EXPECT_EQ(resolution(Job("plain-paper disc 21000x29700 300", "monochrome", "cad", 3, "one-sided", "bk")),
-              "media-col={media-size={x-dimension=21590 y-dimension=27940}}");
+              "media-col={media-size={x-dimension=21590 y-dimension=27940} media-bottom-margin=300 "
+              "media-left-margin=300 media-right-margin=300 media-top-margin=300} print-color-mode=monochrome "
+              "xrvhmi-print-purpose=cad xrvhmi-cartridge=bk print-quality=3");
     EXPECT_EQ(resolution(Job("plain-paper disc 14800x21000 0", "monochrome", "cad", 3, "one-sided", "bk")),
-              "media-col={media-bottom-margin=300 media-left-margin=300 media-right-margin=300 media-top-margin=300}");
-    EXPECT_EQ(resolution(Job(plainA5, "monochrome", "photo", 3, "one-sided", "bk")), "xrvhmi-print-purpose=cad");
-    EXPECT_EQ(resolution(Job(plainA5, "color", "cad", 3, "one-sided", "bk")), "print-color-mode=monochrome");
+              "media-col={media-bottom-margin=300 media-left-margin=300 media-right-margin=300 "
+              "media-top-margin=300} xrvhmi-print-purpose=cad xrvhmi-cartridge=bk print-quality=3");
+    EXPECT_EQ(resolution(Job(plainA5, "monochrome", "photo", 3, "one-sided", "bk")),
+              "xrvhmi-print-purpose=cad xrvhmi-cartridge=bk print-quality=3");
+    EXPECT_EQ(resolution(Job(plainA5, "color", "cad", 3, "one-sided", "bk")),
+              "print-color-mode=monochrome xrvhmi-print-purpose=cad xrvhmi-cartridge=bk print-quality=3");
 }
 
 TEST(IppWriter, ListsThatPlaceNoLimitOfferEveryValue) {
