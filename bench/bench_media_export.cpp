@@ -11,6 +11,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <regex>
 #include <sstream>
 #include <string>
@@ -59,7 +60,7 @@ struct Exported {
 // The model built once, written in both forms.
 Exported Export(const hmitool::MediaSource& source) {
     mediaexport::PrinterModel model;
-    mediaexport::BuildModel(hmitool::ExportReader(source), mediaexport::kRgb, &model);
+    mediaexport::BuildModel(hmitool::ExportReader(source, {}), mediaexport::kRgb, &model);
     std::ostringstream ppd, ipp;
     std::vector<std::string> warnings;
     mediaexport::WritePpd(model, "en", ppd, &warnings);
@@ -76,8 +77,8 @@ void WriteFile(const fs::path& path, const std::string& text) { std::ofstream(pa
 
 // A sources directory of count media: the sample's loadable media in turn, each under a new id.
 fs::path RepeatedSample(size_t count) {
-    const fs::path dir = fs::temp_directory_path() / ("hmi-export-bench-" + std::to_string(count));
-    fs::remove_all(dir);
+    const fs::path dir = fs::temp_directory_path() /
+                         ("hmi-export-bench-" + std::to_string(std::random_device()()) + "-" + std::to_string(count));
     fs::create_directories(dir / "media");
     fs::create_directories(dir / "names");
     const std::unique_ptr<hmitool::MediaSource> sample = hmitool::OpenFileSource(kSampleFiles);

@@ -243,7 +243,8 @@ TEST(IppWriter, AttributesOfTwoMedia) {
     const std::string glossyA4 = "photo-glossy-pro rear 21000x29700 ";
     const std::string plainA5 = "plain-paper disc 14800x21000 300";
     EXPECT_EQ(resolution(Job(glossyA4 + "300", "color", "proof", 4, "two-sided-short-edge", "photo")), "");
-    EXPECT_EQ(resolution(Job(plainA5, "monochrome", "cad", 3, "two-sided-long-edge", "bk")), "");
+    // No duplex mode listed: one-sided only.
+    EXPECT_EQ(resolution(Job(plainA5, "monochrome", "cad", 3, "two-sided-long-edge", "bk")), "sides=one-sided");
     EXPECT_EQ(resolution(Job(glossyA4 + "300", "color", "proof", 5, "one-sided", "photo")),
               "sides=two-sided-long-edge");
     EXPECT_EQ(resolution(Job(glossyA4 + "0", "color", "photo", 4, "one-sided", "photocolor")), "print-quality=5");
@@ -267,14 +268,15 @@ TEST(IppWriter, AttributesOfTwoMedia) {
     EXPECT_EQ(resolution(Job("plain-paper disc 21000x29700 300", "monochrome", "cad", 3, "one-sided", "bk")),
               "media-col={media-size={x-dimension=21590 y-dimension=27940} media-bottom-margin=300 "
               "media-left-margin=300 media-right-margin=300 media-top-margin=300} print-color-mode=monochrome "
-              "xrvhmi-print-purpose=cad xrvhmi-cartridge=bk print-quality=3");
+              "xrvhmi-print-purpose=cad sides=one-sided xrvhmi-cartridge=bk print-quality=3");
     EXPECT_EQ(resolution(Job("plain-paper disc 14800x21000 0", "monochrome", "cad", 3, "one-sided", "bk")),
               "media-col={media-bottom-margin=300 media-left-margin=300 media-right-margin=300 "
-              "media-top-margin=300} xrvhmi-print-purpose=cad xrvhmi-cartridge=bk print-quality=3");
+              "media-top-margin=300} xrvhmi-print-purpose=cad sides=one-sided xrvhmi-cartridge=bk print-quality=3");
     EXPECT_EQ(resolution(Job(plainA5, "monochrome", "photo", 3, "one-sided", "bk")),
-              "xrvhmi-print-purpose=cad xrvhmi-cartridge=bk print-quality=3");
+              "xrvhmi-print-purpose=cad sides=one-sided xrvhmi-cartridge=bk print-quality=3");
     EXPECT_EQ(resolution(Job(plainA5, "color", "cad", 3, "one-sided", "bk")),
-              "print-color-mode=monochrome xrvhmi-print-purpose=cad xrvhmi-cartridge=bk print-quality=3");
+              "print-color-mode=monochrome xrvhmi-print-purpose=cad sides=one-sided xrvhmi-cartridge=bk "
+              "print-quality=3");
 }
 
 TEST(IppWriter, ListsThatPlaceNoLimitOfferEveryValue) {

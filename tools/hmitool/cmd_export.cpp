@@ -4,11 +4,13 @@
 // rejected medium's document fail the export (exit 1) after writing what could be exported.
 #include <cstdio>
 #include <filesystem>
+#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "command.h"
+#include "database_entries.h"
 #include "export_output.h"
 #include "export_reader.h"
 #include "ipp_writer.h"
@@ -38,6 +40,16 @@ int WriteStrings(const mediaexport::PrinterModel& model, const Options& options)
     return kOk;
 }
 
+// database.xml's valid switches, for a sources directory; none for a printer.
+std::map<std::string, bool> ValidSwitches(const std::string& source, const Options& options) {
+    std::map<std::string, bool> switches;
+    std::vector<DatabaseEntry> entries;
+    WString common[3];
+    if (!options.fromFiles || !ReadDatabaseEntries(source + "/database.xml", &entries, common)) return switches;
+    for (const DatabaseEntry& entry : entries) switches[Narrow(entry.id.c_str())] = entry.valid == Widen("ON");
+    return switches;
+}
+
 int RunExport(const std::vector<std::string>& args, const Options& options) {
     const std::string& format = args[0];
     if (format != "ppd" && format != "ipp") return Fail(kUsage, "unknown export format '" + format + "' (ppd or ipp)");
@@ -49,7 +61,7 @@ int RunExport(const std::vector<std::string>& args, const Options& options) {
     const std::unique_ptr<MediaSource> source = OpenMediaSource(args[1], options);
     if (!source) return kUnreadable;
     mediaexport::PrinterModel model;
-    const mediaexport::BuildResult built = mediaexport::BuildModel(ExportReader(*source), variant, &model);
+    const mediaexport::BuildResult built = mediaexport::BuildModel(ExportReader(*source, ValidSwitches(args[1], options)), variant, &model);
     if (!built.ok) return Fail(kUnreadable, built.error);
     for (const std::string& warning : model.warnings) std::fprintf(stderr, "hmitool: warning: %s\n", warning.c_str());
     if (model.media.empty()) return Fail(kRejected, "no exportable medium in " + source->DatabaseName());

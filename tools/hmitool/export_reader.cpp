@@ -16,7 +16,10 @@ bool ExportReader::Entries(std::vector<Entry>* entries, std::string* error) cons
     for (const WString& id : ids) {
         _tagHMIMediaInfoHeader header;
         const bool found = source_.Header(id, &header);
-        entries->push_back({Narrow(id.c_str()), found && header.valid != 0, found && header.visible != 0});
+        const std::string name = Narrow(id.c_str());
+        const auto validSwitch = validSwitches_.find(name);
+        const bool valid = validSwitch != validSwitches_.end() ? validSwitch->second : found && header.valid != 0;
+        entries->push_back({name, valid, found && header.visible != 0});
     }
     return true;
 }

@@ -3,6 +3,8 @@
 #define HMITOOL_EXPORT_READER_H
 
 #include <map>
+#include <string>
+#include <utility>
 
 #include "media_source.h"
 #include "model_builder.h"
@@ -11,7 +13,10 @@ namespace hmitool {
 
 class ExportReader final : public mediaexport::MediaReader {
 public:
-    explicit ExportReader(const MediaSource& source) : source_(source) {}
+    // The File readers give no valid switch (a header from a file says 4): for a sources directory,
+    // validSwitches holds database.xml's ("ON" or not) by id.
+    ExportReader(const MediaSource& source, std::map<std::string, bool> validSwitches)
+        : source_(source), validSwitches_(std::move(validSwitches)) {}
 
     HMIAccess* access() const override { return source_.access(); }
     std::string Product() const override;
@@ -22,6 +27,7 @@ public:
 
 private:
     const MediaSource& source_;
+    const std::map<std::string, bool> validSwitches_;
     mutable std::map<HMIXMLMediaDetail*, Detail> open_;
 };
 

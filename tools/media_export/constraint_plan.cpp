@@ -18,10 +18,9 @@ const std::vector<int> kInputSlotValues = {HMI_INPUTBIN_AUTO, HMI_INPUTBIN_MANUA
                                            HMI_INPUTBIN_MANUAL, HMI_INPUTBIN_DISCTRAY};
 constexpr size_t kPurposeDepth = 3;  // a purpose's node: it offers qualities and holds duplex and cartridges
 
-// The duplex and cartridge defaults of a purpose's node (none for a list that places no limit).
+// The duplex and cartridge defaults of a purpose's node (no cartridge for a list that places no limit).
 void AddPurposeDefaults(const Node& purpose, std::vector<Choice>& out) {
-    const Offer duplex = DuplexChoices(purpose.duplex);
-    if (!duplex.empty()) out.push_back({Option::kDuplex, duplex.defaultValue});
+    out.push_back({Option::kDuplex, DuplexChoices(purpose.duplex).defaultValue});
     if (!purpose.cartridges.empty()) out.push_back({Option::kCartridge, purpose.cartridges.defaultValue});
 }
 
@@ -205,11 +204,10 @@ void PlanMedium(const PrinterModel& model, size_t index, std::vector<Constraint>
 
 Offer DuplexChoices(const Offer& duplex) {
     Offer choices;
-    if (duplex.empty()) return choices;
     const bool twoSided = duplex.Has(HMI_DUPLEX_AUTO);
     if (duplex.Has(HMI_DUPLEX_OFF) || duplex.Has(HMI_DUPLEX_MANUAL) || !twoSided) choices.values.push_back(kOneSided);
     if (twoSided) choices.values.push_back(kTwoSided);
-    choices.defaultValue = duplex.defaultValue == HMI_DUPLEX_AUTO ? kTwoSided : choices.values.front();
+    choices.defaultValue = twoSided && duplex.defaultValue == HMI_DUPLEX_AUTO ? kTwoSided : choices.values.front();
     return choices;
 }
 

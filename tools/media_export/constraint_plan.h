@@ -29,9 +29,10 @@ enum class Option {
 };
 
 // What CUPS can say of duplex: one-sided, or automatic two-sided. Manual duplex (the user turns the
-// sheets) has no CUPS form; a purpose that lists only manual duplex is offered one-sided printing.
+// sheets) has no CUPS form; a purpose that lists only manual duplex, or no duplex mode at all, is
+// offered one-sided printing.
 enum DuplexChoice { kOneSided = 0, kTwoSided = 1 };
-// The choices a purpose's duplex list allows; empty when the list places no limit (it is empty).
+// The choices a purpose's duplex list allows.
 Offer DuplexChoices(const Offer& duplex);
 
 struct Choice {

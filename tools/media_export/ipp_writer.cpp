@@ -7,6 +7,7 @@
 
 #include "constraint_plan.h"
 #include "ipp_keywords.h"
+#include "model_builder.h"
 #include "paper_sizes.h"
 #include "text_catalogue.h"
 
@@ -244,12 +245,6 @@ ConstraintTexts ConstraintsOf(const PrinterModel& model, const std::vector<std::
     return texts;
 }
 
-std::string Escaped(const std::string& id) {
-    std::string out;
-    for (const char c : id) out += (static_cast<unsigned char>(c) >= 0x20 && c != 0x7f) ? c : '?';
-    return out;
-}
-
 // A .strings line; the text keeps its UTF-8, with quotes, backslashes and line ends escaped.
 void StringsLine(std::ostream& out, const std::string& key, const std::string& text) {
     out << '"' << key << "\" = \"";
@@ -270,7 +265,7 @@ void StringsLine(std::ostream& out, const std::string& key, const std::string& t
 
 IppSummary WriteIppAttributes(const PrinterModel& model, std::ostream& out, std::vector<std::string>* warnings) {
     IppSummary summary;
-    out << "# " << Escaped(model.product) << ": media as IPP printer attributes (ippeveprinter -a)\n";
+    out << "# " << PrintableText(model.product) << ": media as IPP printer attributes (ippeveprinter -a)\n";
     Attr(out, "text", "printer-make-and-model", {Quoted(model.product)});
     if (model.media.empty()) {
         warnings->push_back("no media to describe");
@@ -283,7 +278,7 @@ IppSummary WriteIppAttributes(const PrinterModel& model, std::ostream& out, std:
     for (size_t i = 0; i < types.size(); ++i) {
         const std::string plain = PlainMediaType(model.media[i].id);
         if (types[i] == plain) continue;
-        warnings->push_back("medium \"" + Escaped(model.media[i].id) + "\" is media-type " + types[i] +
+        warnings->push_back("medium \"" + PrintableText(model.media[i].id) + "\" is media-type " + types[i] +
                             (IsIppKeyword(plain) ? ": " + plain + " is an earlier medium's" : ": its id spells no keyword"));
     }
     const Offered offered = OfferedOf(model);

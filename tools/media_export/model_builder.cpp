@@ -96,13 +96,13 @@ bool ColorNode(HMIAccess* access, HMIXMLMediaColorMode* colorMode, QualityVarian
     return true;
 }
 
-std::string Escaped(const std::string& id) {
+}  // namespace
+
+std::string PrintableText(const std::string& text) {
     std::string out;
-    for (const char c : id) out += (c >= 0x20 && c != 0x7f) ? c : '?';
+    for (const char c : text) out += static_cast<unsigned char>(c) >= 0x20 && c != 0x7f ? c : '?';
     return out;
 }
-
-}  // namespace
 
 Node WalkMedium(HMIAccess* access, HMIXMLMediaDetail* detail, QualityVariant variant, _tagHMIMediaInfo* info) {
     Node root;
@@ -121,7 +121,7 @@ BuildResult BuildModel(const MediaReader& reader, QualityVariant variant, Printe
     model->variant = variant;
     for (const MediaReader::Entry& entry : entries) {
         if (!entry.valid || !entry.visible) continue;
-        const std::string named = "medium \"" + Escaped(entry.id) + "\" left out: ";
+        const std::string named = "medium \"" + PrintableText(entry.id) + "\" left out: ";
         std::string reason;
         HMIXMLMediaDetail* const detail = reader.Open(entry.id, &reason);
         if (!detail) {

@@ -42,6 +42,9 @@ struct BuildResult {
 // warning naming them.
 BuildResult BuildModel(const MediaReader& reader, QualityVariant variant, PrinterModel* model);
 
+// The text with control characters as '?', for a one-line message.
+std::string PrintableText(const std::string& text);
+
 // The cascade of one loaded medium (exposed for tests that build trees of their own).
 Node WalkMedium(HMIAccess* access, HMIXMLMediaDetail* detail, QualityVariant variant, _tagHMIMediaInfo* info);
 

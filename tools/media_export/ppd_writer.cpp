@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "constraint_plan.h"
+#include "model_builder.h"
 #include "paper_sizes.h"
 #include "ppd_text.h"
 #include "text_catalogue.h"
@@ -219,7 +220,7 @@ private:
                        bool missing = false;
                        std::string text = MediumText(medium, language, base_, &missing);
                        if (missing) {
-                           warnings_->push_back("medium \"" + PpdQuotedAscii(medium.id) + "\" has no name in \"" +
+                           warnings_->push_back("medium \"" + PrintableText(medium.id) + "\" has no name in \"" +
                                                 language + "\"; " + (language == base_ ? "its id" : "the \"" + base_ + "\" name") +
                                                 " is used");
                        }
@@ -258,8 +259,7 @@ private:
         FixedOption("InputSlot", kInputSlots, slots.empty() ? HMI_INPUTBIN_AUTO : slots.defaultValue);
         const Offer& cartridges = defaults.purposeNode->cartridges;
         FixedOption("Cartridge", kCartridges, cartridges.empty() ? HMI_CARTRIDGE_AUTO : cartridges.defaultValue);
-        const Offer duplex = DuplexChoices(defaults.purposeNode->duplex);
-        const int duplexDefault = duplex.empty() ? kOneSided : duplex.defaultValue;
+        const int duplexDefault = DuplexChoices(defaults.purposeNode->duplex).defaultValue;
         // Two-sided choices only where some purpose offers automatic duplex.
         FixedOption("Duplex", ChoiceWords(kDuplexModes, twoSided_ ? 3 : 1), duplexDefault);
     }
