@@ -26,6 +26,11 @@ std::string Hex(const std::string& bytes) {
     return out + ">";
 }
 
+bool KeywordCharacter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '.' || c == '_' ||
+           c == '-';
+}
+
 }  // namespace
 
 uint32_t TextHash(const std::string& text) {
@@ -59,6 +64,20 @@ bool IsAscii(const std::string& text) {
         if (static_cast<unsigned char>(c) >= 0x80) return false;
     }
     return true;
+}
+
+std::string PpdMediaKeyword(const std::string& id) {
+    bool plain = !id.empty() && id.size() <= 40;
+    for (const char c : id) plain = plain && KeywordCharacter(c);
+    if (plain) return id;
+    std::string keyword;
+    for (const char c : id) {
+        if (keyword.size() == 31) break;
+        keyword += KeywordCharacter(c) ? c : '_';
+    }
+    char hash[16];
+    std::snprintf(hash, sizeof hash, "_%08X", static_cast<unsigned>(TextHash(id)));
+    return keyword + hash;
 }
 
 std::string PpdQuotedAscii(const std::string& text) {

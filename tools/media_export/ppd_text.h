@@ -7,6 +7,12 @@
 
 namespace mediaexport {
 
+// The MediaType choice keyword of a media id: the id itself when it is 1 to 40 characters of ASCII
+// letters, digits, '.', '_' and '-'; otherwise its letters, digits, '.', '_' and '-' (others become '_'),
+// cut to 31 characters, then '_' and 8 hexadecimal digits of a hash of the whole id, so that two ids
+// never share a keyword.
+std::string PpdMediaKeyword(const std::string& id);
+
 // FNV-1a of the bytes, for derived keywords.
 uint32_t TextHash(const std::string& text);
 

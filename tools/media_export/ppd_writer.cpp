@@ -6,6 +6,8 @@
 #include "constraint_plan.h"
 #include "model_builder.h"
 #include "paper_sizes.h"
+#include "ppd_choices.h"
+#include "ppd_constraints.h"
 #include "ppd_text.h"
 #include "text_catalogue.h"
 
@@ -13,53 +15,6 @@ namespace mediaexport {
 namespace {
 
 constexpr double kMargin = 72.0 * 3.0 / 25.4;  // 3 mm around a bordered size's imageable area
-
-struct ChoiceWord {
-    int value;
-    const char* keyword;
-    const char* code;  // PostScript for the choice
-};
-
-const ChoiceWord kColorModels[] = {{HMI_COLORMODE_COLOR, "RGB", "<</cupsColorSpace 1/cupsColorOrder 0>>setpagedevice"},
-                                   {HMI_COLORMODE_MONOCHROME, "Gray", "<</cupsColorSpace 0/cupsColorOrder 0>>setpagedevice"}};
-const ChoiceWord kPurposes[] = {{HMI_PRINTPURPOSE_PHOTO, "photo", ""}, {HMI_PRINTPURPOSE_PROOF, "proof", ""},
-                                {HMI_PRINTPURPOSE_CAD, "cad", ""}};
-const ChoiceWord kQualities[] = {{HMI_PRINTQUALITY_1, "1", ""}, {HMI_PRINTQUALITY_2, "2", ""},
-                                 {HMI_PRINTQUALITY_3, "3", ""}, {HMI_PRINTQUALITY_4, "4", ""},
-                                 {HMI_PRINTQUALITY_5, "5", ""}};
-const ChoiceWord kInputSlots[] = {{HMI_INPUTBIN_AUTO, "AUTO", "<</MediaPosition 0>>setpagedevice"},
-                                  {HMI_INPUTBIN_MANUAL03, "MANUAL03", "<</MediaPosition 1>>setpagedevice"},
-                                  {HMI_INPUTBIN_ASF, "asf", "<</MediaPosition 2>>setpagedevice"},
-                                  {HMI_INPUTBIN_MANUAL, "manual", "<</MediaPosition 3>>setpagedevice"},
-                                  {HMI_INPUTBIN_DISCTRAY, "DISCTRAY", "<</MediaPosition 10>>setpagedevice"}};
-const ChoiceWord kCartridges[] = {{HMI_CARTRIDGE_COLOR, "color", ""},       {HMI_CARTRIDGE_BK, "bk", ""},
-                                  {HMI_CARTRIDGE_PHOTO, "photo", ""},       {HMI_CARTRIDGE_BKCOLOR, "bkcolor", ""},
-                                  {HMI_CARTRIDGE_PHOTOCOLOR, "photocolor", ""}, {HMI_CARTRIDGE_AUTO, "auto", ""}};
-const ChoiceWord kDuplexModes[] = {{kOneSided, "None", "<</Duplex false>>setpagedevice"},
-                                   {kTwoSided, "DuplexNoTumble", "<</Duplex true/Tumble false>>setpagedevice"},
-                                   {kTwoSided, "DuplexTumble", "<</Duplex true/Tumble true>>setpagedevice"}};
-
-// The choices of one option: all of a table, or its first count.
-struct ChoiceWords {
-    const ChoiceWord* words;
-    size_t count;
-    template <size_t N>
-    ChoiceWords(const ChoiceWord (&table)[N], size_t first = N) : words(table), count(first < N ? first : N) {}
-    const ChoiceWord* begin() const { return words; }
-    const ChoiceWord* end() const { return words + count; }
-};
-
-const char* KeywordOf(ChoiceWords words, int value) {
-    for (const ChoiceWord& word : words) {
-        if (word.value == value) return word.keyword;
-    }
-    return words.words[0].keyword;
-}
-
-bool KeywordCharacter(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '.' || c == '_' ||
-           c == '-';
-}
 
 std::string Format(const char* format, double a, double b) {
     char text[64];
@@ -103,8 +58,7 @@ public:
         PageSizes(defaults);
         MediaTypes();
         Options(defaults);
-        PpdSummary summary;
-        Constraints(summary);
+        PpdSummary summary = WritePpdConstraints(model_, keywords_, twoSided_, out_);
         summary.languages = languages_.size();
         return summary;
     }
@@ -115,7 +69,6 @@ private:
         for (const Medium& medium : model.media) keywords.push_back(PpdMediaKeyword(medium.id));
         return keywords;
     }
-
 
     void Header() {
         const std::string product = PpdQuotedAscii(model_.product.empty() ? "XRVHMI" : model_.product);
@@ -165,11 +118,6 @@ private:
         }
     }
 
-    std::string SizeName(int size, bool borderless) const {
-        const PaperSize& paper = *PaperSizeOf(size);
-        return borderless ? FullbleedName(paper) : paper.ppd;
-    }
-
     void PageSizes(const Defaults& defaults) {
         const int defaultSize = FallbackPaperSize(*defaults.medium, model_.defaultPaperSize);
         const std::string defaultName = SizeName(defaultSize, defaults.borderless == HMI_ON);
@@ -213,8 +161,8 @@ private:
         OpenOption("MediaType", keywords_.front());
         for (size_t i = 0; i < model_.media.size(); ++i) {
             const Medium& medium = model_.media[i];
-            bool missing = false;
-            const std::string baseText = MediumText(medium, base_, base_, &missing);
+            bool noBaseName = false;
+            const std::string baseText = MediumText(medium, base_, base_, &noBaseName);
             Choice("MediaType", keywords_[i], "<</MediaType(" + keywords_[i] + ")>>setpagedevice",
                    MainText(baseText, keywords_[i]), [&](const std::string& language) {
                        bool missing = false;
@@ -264,102 +212,6 @@ private:
         FixedOption("Duplex", ChoiceWords(kDuplexModes, twoSided_ ? 3 : 1), duplexDefault);
     }
 
-    // One choice in PPD words: a borderless choice in the marked size, a paper size in the variant given.
-    std::string Words(const mediaexport::Choice& choice, int size) const {
-        switch (choice.option) {
-        case Option::kColor: return std::string("*ColorModel ") + KeywordOf(kColorModels, choice.value);
-        case Option::kBorderless: return "*PageSize " + SizeName(size, choice.value == HMI_ON);
-        case Option::kPurpose: return std::string("*PrintPurpose ") + KeywordOf(kPurposes, choice.value);
-        case Option::kQuality: return std::string("*PrintQualityLevel ") + KeywordOf(kQualities, choice.value);
-        case Option::kPaperSize: return "*PageSize " + SizeName(choice.value, size == HMI_ON);
-        case Option::kInputSlot: return std::string("*InputSlot ") + KeywordOf(kInputSlots, choice.value);
-        case Option::kDuplex: return std::string("*Duplex ") + KeywordOf(kDuplexModes, choice.value);
-        case Option::kCartridge: return std::string("*Cartridge ") + KeywordOf(kCartridges, choice.value);
-        }
-        return {};
-    }
-
-    // The PPD choices a constraint's choice stands for: two-sided is both bindings, or nothing when the
-    // PPD has no two-sided choice.
-    std::vector<std::string> Alternatives(const mediaexport::Choice& choice, int size) const {
-        if (choice.option != Option::kDuplex || choice.value != kTwoSided) return {Words(choice, size)};
-        if (!twoSided_) return {};
-        return {"*Duplex DuplexNoTumble", "*Duplex DuplexTumble"};
-    }
-
-    // Every combination of the alternatives of a constraint's choices, after the medium's.
-    std::vector<std::string> WhenWords(const Constraint& constraint, int size) const {
-        std::vector<std::string> whens{"*MediaType " + keywords_[constraint.medium]};
-        for (const mediaexport::Choice& choice : constraint.when) {
-            std::vector<std::string> longer;
-            for (const std::string& alternative : Alternatives(choice, size)) {
-                for (const std::string& when : whens) longer.push_back(when + " " + alternative);
-            }
-            whens.swap(longer);
-        }
-        return whens;
-    }
-
-    std::string ResolveWords(const std::vector<mediaexport::Choice>& resolve, int size) const {
-        std::string words;
-        int variant = -1;
-        for (const mediaexport::Choice& choice : resolve) {
-            if (choice.option == Option::kBorderless) variant = choice.value;
-        }
-        for (const mediaexport::Choice& choice : resolve) {
-            if (choice.option == Option::kBorderless && resolve.front().option == Option::kPaperSize) continue;
-            const int context = choice.option == Option::kPaperSize ? variant : size;
-            words += (words.empty() ? "" : " ") + Words(choice, context);
-        }
-        return words;
-    }
-
-    // Constraints go bottom rank first, each rank's resolvers named so that they sort in that order too:
-    // CUPS applies the resolvers of the constraints that hold one after another, so the highest one, which
-    // sets every level below its own, comes last. Constraints that resolve alike share their resolver
-    // (libcups's open costs about ten times as much with a resolver per constraint).
-    void Constraints(PpdSummary& summary) {
-        std::vector<Constraint> plan = PlanConstraints(model_);
-        std::stable_sort(plan.begin(), plan.end(),
-                         [](const Constraint& a, const Constraint& b) { return a.rank < b.rank; });
-        std::vector<std::pair<std::string, std::string>> resolvers;  // words, name
-        const auto emit = [&](Rank rank, const std::string& when, const std::string& resolve) {
-            ++summary.constraints;
-            auto found = std::find_if(resolvers.begin(), resolvers.end(), [&](const auto& r) { return r.first == resolve; });
-            if (found == resolvers.end()) {
-                char name[16];
-                std::snprintf(name, sizeof name, "%c%05zu", 'A' + static_cast<int>(rank), resolvers.size() + 1);
-                found = resolvers.insert(resolvers.end(), {resolve, name});
-            }
-            out_ << "*cupsUIConstraints " << found->second << ": \"" << when << "\"\n";
-        };
-        for (const Constraint& constraint : plan) {
-            const Medium& medium = model_.media[constraint.medium];
-            if (constraint.resolve.front().option == Option::kPaperSize) {
-                // An unsupported size, in both variants.
-                const std::string resolve = ResolveWords(constraint.resolve, 0);
-                for (const int variant : {HMI_OFF, HMI_ON}) {
-                    for (const std::string& when : WhenWords(constraint, variant)) emit(constraint.rank, when, resolve);
-                }
-                continue;
-            }
-            bool bySize = false;
-            for (const auto* choices : {&constraint.when, &constraint.resolve}) {
-                for (const mediaexport::Choice& choice : *choices) bySize = bySize || choice.option == Option::kBorderless;
-            }
-            for (int size = 0; size < kPaperSizeCount; ++size) {
-                if (bySize && !medium.Supports(size)) continue;
-                const std::string resolve = ResolveWords(constraint.resolve, size);
-                for (const std::string& when : WhenWords(constraint, size)) emit(constraint.rank, when, resolve);
-                if (!bySize) break;
-            }
-        }
-        for (const auto& resolver : resolvers) {
-            out_ << "*cupsUIResolver " << resolver.second << ": \"" << resolver.first << "\"\n";
-        }
-        summary.resolvers = resolvers.size();
-    }
-
     const PrinterModel& model_;
     const std::string base_;
     std::ostream& out_;
@@ -370,20 +222,6 @@ private:
 };
 
 }  // namespace
-
-std::string PpdMediaKeyword(const std::string& id) {
-    bool plain = !id.empty() && id.size() <= 40;
-    for (const char c : id) plain = plain && KeywordCharacter(c);
-    if (plain) return id;
-    std::string keyword;
-    for (const char c : id) {
-        if (keyword.size() == 31) break;
-        keyword += KeywordCharacter(c) ? c : '_';
-    }
-    char hash[16];
-    std::snprintf(hash, sizeof hash, "_%08X", static_cast<unsigned>(TextHash(id)));
-    return keyword + hash;
-}
 
 PpdSummary WritePpd(const PrinterModel& model, const std::string& base, std::ostream& out,
                     std::vector<std::string>* warnings) {

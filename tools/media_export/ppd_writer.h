@@ -7,14 +7,9 @@
 #include <vector>
 
 #include "capability_model.h"
+#include "ppd_text.h"
 
 namespace mediaexport {
-
-// The MediaType choice keyword of a media id: the id itself when it is 1 to 40 characters of ASCII
-// letters, digits, '.', '_' and '-'; otherwise its letters, digits, '.', '_' and '-' (others become '_'),
-// cut to 31 characters, then '_' and 8 hexadecimal digits of a hash of the whole id, so that two ids
-// never share a keyword.
-std::string PpdMediaKeyword(const std::string& id);
 
 struct PpdSummary {
     size_t constraints = 0;  // *cupsUIConstraints lines
