@@ -291,12 +291,16 @@ protected:
         out.close();
         if (ppd_) ppdClose(ppd_);
         ppd_ = Open(path_ + ".medium");
+        marked_.clear();
     }
 
+    // libcups keeps what is marked: only the values that changed are marked again.
     bool Forbids(const Values& values) override {
         std::vector<cups_option_t> options;
         for (const auto& value : values) {
             if (!ppd_ || !present_.count(value.first + "=" + value.second)) return true;
+            if (marked_[value.first] == value.second) continue;
+            marked_[value.first] = value.second;
             options.push_back({const_cast<char*>(value.first.c_str()), const_cast<char*>(value.second.c_str())});
         }
         return cupsMarkOptions(ppd_, static_cast<int>(options.size()), options.data()) > 0;
@@ -338,6 +342,7 @@ private:
 
     std::string path_;
     std::set<std::string> present_;  // "Option=Choice"
+    Values marked_;
     ppd_file_t* full_ = nullptr;
     ppd_file_t* ppd_ = nullptr;  // without other media's constraints
 };
