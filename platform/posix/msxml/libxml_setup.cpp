@@ -26,17 +26,19 @@ void IgnoreGeneric(void*, const char*, ...) {}
 void HMIXmlIgnoreError(void*, xmlErrorPtr) {}
 
 void HMIXmlPrepareThread() {
-    thread_local bool silenced = false;
-    if (!silenced) {
-        xmlSetGenericErrorFunc(nullptr, IgnoreGeneric);
-        xmlSetStructuredErrorFunc(nullptr, HMIXmlIgnoreError);
-        silenced = true;
-    }
-    // The wrappers end in malloc/free, so blocks libxml2 allocated earlier stay valid to free.
+    // The wrappers end in malloc/free, so blocks libxml2 allocated earlier stay valid to free. The parser
+    // is set up before any thread's own state: that state is guarded by a lock xmlInitParser makes, which
+    // two threads starting at once would otherwise race to create.
     static std::once_flag once;
     std::call_once(once, [] {
         HMIComUnrefusedAllocations initialisation;
         xmlMemSetup(Free, Malloc, Realloc, Strdup);
         xmlInitParser();
     });
+    thread_local bool silenced = false;
+    if (!silenced) {
+        xmlSetGenericErrorFunc(nullptr, IgnoreGeneric);
+        xmlSetStructuredErrorFunc(nullptr, HMIXmlIgnoreError);
+        silenced = true;
+    }
 }
